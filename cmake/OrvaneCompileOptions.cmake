@@ -1,0 +1,15 @@
+# Flags that every target of the project is built with, as the interface target orvane_compile_options.
+
+add_library(orvane_compile_options INTERFACE)
+target_compile_options(orvane_compile_options INTERFACE
+  -Wall -Wextra -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
+  # Filter results are exact: products and sums are rounded one by one, in the stated order.
+  -ffp-contract=off)
+if(ORVANE_WERROR)
+  target_compile_options(orvane_compile_options INTERFACE -Werror)
+endif()
+if(ORVANE_SANITIZE)
+  target_compile_options(orvane_compile_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+  target_link_options(orvane_compile_options INTERFACE -fsanitize=address,undefined)
+endif()
