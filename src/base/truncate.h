@@ -13,6 +13,13 @@ constexpr int truncateToInt(double value) {
     return static_cast<int>(value);
 }
 
+/// The same for window and image coordinates, held within +-10^9 so that sums of two of them stay defined.
+constexpr int truncateToCoordinate(double value) {
+    constexpr int kLimit = 1'000'000'000;
+    const int truncated = truncateToInt(value);
+    return truncated > kLimit ? kLimit : truncated < -kLimit ? -kLimit : truncated;
+}
+
 constexpr int clampToByte(int value) { return value < 0 ? 0 : value > 255 ? 255 : value; }
 
 /// Signed 32-bit sums that wrap instead of overflowing.
