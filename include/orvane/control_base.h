@@ -1,0 +1,57 @@
+#pragma once
+
+#include <initializer_list>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include <orvane/dispatch_types.h>
+#include <orvane/event_sink.h>
+#include <orvane/export.h>
+#include <orvane/value.h>
+#include <orvane/window_services.h>
+
+namespace orvane {
+
+class VistrelControl;
+
+/// One photo-editing control: what a host does besides calling members. `Vistrel` adds a typed function for
+/// every member. Every control belongs to one thread. Nothing throws, shows or logs anything.
+class ORVANE_EXPORT ControlBase {
+ public:
+    /// A control in a window. The window services must outlive the control.
+    explicit ControlBase(WindowServices& window) noexcept;
+    /// A control without a window: everything works, nothing is drawn.
+    ControlBase() noexcept;
+    ~ControlBase();
+    ControlBase(const ControlBase&) = delete;
+    ControlBase& operator=(const ControlBase&) = delete;
+
+    /// Calls, gets or puts a member by its dispatch identifier or name. Refused before anything happens when
+    /// the identifier, the number or the types of the arguments are wrong. `result` may be null.
+    DispatchResult invoke(int id, InvokeKind kind, std::span<const Value> arguments,
+                          Value* result = nullptr) noexcept;
+    DispatchResult invoke(std::string_view name, InvokeKind kind, std::span<const Value> arguments,
+                          Value* result = nullptr) noexcept;
+
+    /// Events go to every connected sink, in the order of connection. False when memory ran out.
+    bool connect(EventSink& sink) noexcept;
+    void disconnect(EventSink& sink) noexcept;
+
+    /// The window's messages, in client pixels. A resize does not redraw by itself; a paint request does.
+    void onSize(int width, int height) noexcept;
+    void onPaint() noexcept;
+    void onDropFile(std::u16string_view path) noexcept;
+    /// The window goes away before the control does.
+    void onDestroy() noexcept;
+
+ protected:
+    Value call(int id, std::initializer_list<Value> arguments) noexcept;
+    [[nodiscard]] Value getProperty(int id) const noexcept;
+    void putProperty(int id, const Value& value) noexcept;
+
+ private:
+    std::unique_ptr<VistrelControl> control_;  ///< null when memory ran out: every call then does nothing
+};
+
+}  // namespace orvane

@@ -1,0 +1,64 @@
+#include <orvane/control_base.h>
+
+#include <new>
+
+#include "control/dispatch.h"
+#include "control/member_table.h"
+
+namespace orvane {
+
+ControlBase::ControlBase(WindowServices& window) noexcept
+    : control_(new (std::nothrow) VistrelControl(&window)) {}
+ControlBase::ControlBase() noexcept : control_(new (std::nothrow) VistrelControl()) {}
+ControlBase::~ControlBase() = default;
+
+DispatchResult ControlBase::invoke(int id, InvokeKind kind, std::span<const Value> arguments,
+                                   Value* result) noexcept {
+    if (control_ == nullptr) return {DispatchStatus::MemberNotFound, -1};
+    return orvane::invoke(*control_, id, kind, arguments, result);
+}
+
+DispatchResult ControlBase::invoke(std::string_view name, InvokeKind kind, std::span<const Value> arguments,
+                                   Value* result) noexcept {
+    const Member* member = findMember(name);
+    if (control_ == nullptr || member == nullptr) return {DispatchStatus::MemberNotFound, -1};
+    return orvane::invoke(*control_, *member, kind, arguments, result);
+}
+
+bool ControlBase::connect(EventSink& sink) noexcept {
+    return control_ != nullptr && control_->sinks.connect(sink);
+}
+void ControlBase::disconnect(EventSink& sink) noexcept {
+    if (control_ != nullptr) control_->sinks.disconnect(sink);
+}
+
+void ControlBase::onSize(int width, int height) noexcept {
+    if (control_ != nullptr) control_->onSize(width, height);
+}
+void ControlBase::onPaint() noexcept {
+    if (control_ != nullptr) control_->onPaint();
+}
+void ControlBase::onDropFile(std::u16string_view path) noexcept {
+    if (control_ != nullptr) control_->onDropFile(path);
+}
+void ControlBase::onDestroy() noexcept {
+    if (control_ != nullptr) control_->onDestroy();
+}
+
+Value ControlBase::call(int id, std::initializer_list<Value> arguments) noexcept {
+    Value result;
+    invoke(id, InvokeKind::Method, {arguments.begin(), arguments.size()}, &result);
+    return result;
+}
+
+Value ControlBase::getProperty(int id) const noexcept {
+    Value result;
+    if (control_ != nullptr) orvane::invoke(*control_, id, InvokeKind::Get, {}, &result);
+    return result;
+}
+
+void ControlBase::putProperty(int id, const Value& value) noexcept {
+    invoke(id, InvokeKind::Put, {&value, 1});
+}
+
+}  // namespace orvane

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <string>
+
+#include <orvane/event_sink.h>
+#include <orvane/geometry.h>
+#include <orvane/window_services.h>
+
+#include "control/event_sinks.h"
+#include "document/image_document.h"
+#include "tools/brush_settings.h"
+#include "tools/pen_settings.h"
+#include "tools/tool_settings.h"
+#include "view/draw_view.h"
+
+namespace orvane {
+
+/// The photo-editing control: the state of one control and the operations that its members, messages and
+/// tools have in common. The members themselves are rows of the member table and reach the control through
+/// `invoke` (control/dispatch.h). One thread at a time; nothing is shared with other controls. No member
+/// throws.
+class VistrelControl {
+ public:
+    /// A control without a window stores and computes everything and draws nothing.
+    explicit VistrelControl(WindowServices* window = nullptr) noexcept;
+    ~VistrelControl();
+    VistrelControl(const VistrelControl&) = delete;
+    VistrelControl& operator=(const VistrelControl&) = delete;
+
+    // --- what members share ---
+
+    /// The composite redraw: background, image with frame, overlay of the active mode, scroll window,
+    /// presented as one picture. Nothing while updateLocked or without a window.
+    void refresh() noexcept;
+    /// Leaves the active paint mode and enters another; neither resets tools nor redraws.
+    void SetPaintStatus(int mode) noexcept;
+    void ResetAllTools() noexcept;
+    /// Hands the rectangle of the shown image to the tools that are confined to it.
+    void updateToolBounds() noexcept;
+    /// Keeps pending tool geometry on the same image pixels after a zoom change.
+    void reprojectToolGeometry() noexcept;
+    /// Shows a cursor; any but the arrow holds the mouse capture, so that leaving the window is noticed.
+    void setToolCursor(CursorId cursor) noexcept;
+    void fire(EventId event, std::span<const Value> arguments = {}) noexcept { sinks.fire(event, arguments); }
+
+    // --- messages of the window ---
+
+    void onSize(int width, int height) noexcept;
+    void onPaint() noexcept { refresh(); }
+    void onDropFile(std::u16string_view path) noexcept;
+    void onDestroy() noexcept;
+
+    // --- state ---
+
+    static constexpr int kAnimationTimer = 1;
+    static constexpr int kAnimationPeriodMs = 50;
+
+    EventSinks sinks;
+    WindowServices* window = nullptr;  ///< `windowHandle`: null until the window exists
+    ImageDocument document;
+    PixelSurface backBuffer;  ///< client-area size; null before the first resize
+    int paintStatus = 0;
+    CursorId cursorKind = CursorId::Arrow;
+    bool mouseCaptured = false;
+    bool updateLocked = false;
+    Argb backgroundColor = 0xFF00008Bu;
+    Argb eraserColor;  ///< copy of bitmapBackColor taken at construction
+    PenSettings pen;
+    BrushSettings brush;
+    FreehandSettings freehand;
+    StampSettings stamp;
+    TextSettings text;
+    ScrollWindowSettings scrollWindow;
+    FrameLimits frameLimits;
+
+ private:
+    ViewPainter viewPainter_;
+};
+
+}  // namespace orvane

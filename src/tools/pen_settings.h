@@ -1,0 +1,14 @@
+#pragma once
+
+#include <orvane/pixels.h>
+
+namespace orvane {
+
+/// The pen that all outlining tools share.
+struct PenSettings {
+    float width = 1.0f;         ///< pixels
+    Argb colour = 0xFFFF0000u;  ///< PenColor, with PenTransparency in its alpha byte
+    int dashStyle = 0;          ///< PenStyle: 0 solid, 1..4 dashes and dots; anything else is no pen
+};
+
+}  // namespace orvane

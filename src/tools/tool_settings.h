@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <orvane/geometry.h>
+#include <orvane/pixels.h>
+
+namespace orvane {
+
+/// Sizes and shapes of the freehand tools.
+struct FreehandSettings {
+    int brushSize = 4;     ///< ToolBrushSize, 1..11
+    int brushStyle = 3;    ///< ToolBrushStyle, 0..5
+    int eraserSize = 3;    ///< EraserSize, 1..11
+    int sprayRadius = 16;  ///< SprayRadius, 8..50 pixels
+};
+
+/// How the image stamp is merged.
+struct StampSettings {
+    int style = 0;  ///< ImageStyle, the transparency pattern, 0..6
+    std::uint8_t transparency1 = 255;
+    std::uint8_t transparency2 = 10;
+    Argb maskColour = 0xFFFFFFFFu;
+    bool useMaskColour = false;
+};
+
+/// The font that text is placed with.
+struct TextSettings {
+    enum StyleBit : std::uint8_t { Bold = 1, Italic = 2, Underline = 4, Strikeout = 8 };
+
+    std::vector<std::u16string> fontNames;  ///< the installed families
+    int fontIndex = 0;                      ///< not checked against fontNames
+    std::uint8_t fontStyleBits = 0;
+    std::uint8_t fontSize = 20;  ///< em size in pixels, 8..128
+};
+
+/// The panel that shows where the view lies on the picture.
+struct ScrollWindowSettings {
+    bool visible = true;
+    Argb colour = 0x8C787878u;
+};
+
+/// Where the frames of modes 17, 18 and 19 may lie: the rectangle in which the image is shown.
+struct FrameLimits {
+    IntRect crop, selection, redEye;
+};
+
+}  // namespace orvane
