@@ -5,6 +5,8 @@
 #include <random>
 #include <vector>
 
+#include "support/every_target.h"
+
 namespace orvane {
 namespace {
 
@@ -35,7 +37,7 @@ std::vector<Argb> randomPixels(std::size_t count, std::mt19937& random) {
     return pixels;
 }
 
-TEST(SourceOver, EveryPairOfAlphasIsExact) {
+void checkEveryPairOfAlphasIsExact() {
     const unsigned levels[] = {0, 1, 2, 63, 127, 128, 129, 200, 254, 255};
     std::vector<Argb> source, destination;
     for (unsigned s : levels) {
@@ -60,7 +62,7 @@ TEST(SourceOver, EveryPairOfAlphasIsExact) {
     }
 }
 
-TEST(SourceOver, EveryChannelPairIsExactOverOpaque) {
+void checkEveryChannelPairIsExactOverOpaque() {
     std::vector<Argb> source(256), destination(256), target(256);
     for (unsigned sa = 0; sa < 256; ++sa) {
         for (unsigned s = 0; s < 256; ++s) {
@@ -77,7 +79,7 @@ TEST(SourceOver, EveryChannelPairIsExactOverOpaque) {
     }
 }
 
-TEST(SourceOver, EveryAlphaAndCoverageIsExact) {
+void checkEveryAlphaAndCoverageIsExact() {
     std::mt19937 random(7);
     std::vector<std::uint8_t> coverage(256);
     for (unsigned c = 0; c < 256; ++c) coverage[c] = std::uint8_t(c);
@@ -98,7 +100,7 @@ TEST(SourceOver, EveryAlphaAndCoverageIsExact) {
     }
 }
 
-TEST(SourceOver, EveryWidthLeavesItsNeighboursAlone) {
+void checkEveryWidthLeavesItsNeighboursAlone() {
     constexpr Argb kGuard = 0x12345678u;
     std::mt19937 random(11);
     for (std::size_t count = 0; count <= 67; ++count) {
@@ -128,6 +130,15 @@ TEST(SourceOver, EveryWidthLeavesItsNeighboursAlone) {
             }
         }
     }
+}
+
+TEST(SourceOver, EveryPairOfAlphasIsExact) { test::onEveryTarget(checkEveryPairOfAlphasIsExact); }
+TEST(SourceOver, EveryChannelPairIsExactOverOpaque) {
+    test::onEveryTarget(checkEveryChannelPairIsExactOverOpaque);
+}
+TEST(SourceOver, EveryAlphaAndCoverageIsExact) { test::onEveryTarget(checkEveryAlphaAndCoverageIsExact); }
+TEST(SourceOver, EveryWidthLeavesItsNeighboursAlone) {
+    test::onEveryTarget(checkEveryWidthLeavesItsNeighboursAlone);
 }
 
 }  // namespace
