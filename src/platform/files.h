@@ -9,8 +9,8 @@
 /// Whole files in and out. Paths are UTF-8. Nothing throws; a failure is an empty result.
 namespace orvane {
 
-/// Whether the path names something that can be opened for reading. Paths of fewer than 3 UTF-16 code units
-/// count as absent; callers test that.
+/// Whether the path names a regular file that can be opened for reading. Paths of fewer than 3 UTF-16 code
+/// units count as absent; callers test that.
 [[nodiscard]] bool isReadableFile(std::string_view path) noexcept;
 
 /// The contents of a regular file; nothing for a missing or unreadable one, for one of more than
