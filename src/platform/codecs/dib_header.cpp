@@ -58,8 +58,11 @@ std::optional<DibCoding> codingOf(std::uint32_t compression, int bits, std::size
 }
 
 bool readSize(const Fields& fields, bool isCore, DibHeader& header) {
-    const std::int64_t width = isCore ? fields.at16(4) : std::int32_t(fields.at32(4));
-    const std::int64_t height = isCore ? fields.at16(6) : std::int32_t(fields.at32(8));
+    std::int64_t width = fields.at16(4), height = fields.at16(6);
+    if (!isCore) {
+        width = std::int32_t(fields.at32(4));
+        height = std::int32_t(fields.at32(8));
+    }
     header.topDown = height < 0;
     const std::int64_t rows = header.topDown ? -height : height;
     if (!isAllowedImageSize(width, rows)) return false;
