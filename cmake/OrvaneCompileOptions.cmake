@@ -17,3 +17,7 @@ if(ORVANE_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
   target_link_options(orvane_compile_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(ORVANE_BUILD_FUZZERS)
+  # Coverage for libFuzzer, without its main function.
+  target_compile_options(orvane_compile_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
