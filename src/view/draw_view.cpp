@@ -2,12 +2,47 @@
 
 #include <algorithm>
 
+#include "platform/graphics/fill.h"
+#include "view/image_frame.h"
+
 namespace orvane {
 
-void ViewPainter::paint(const ImageDocument& document, Argb backgroundColor,
-                        MutablePixelView target) noexcept {
-    std::fill_n(target.pixels, target.pixelCount(), backgroundColor);
-    (void)document;
+void ViewPainter::paint(const ImageDocument& document, Argb background, MutablePixelView target,
+                        RotationPreviewDrawer drawRotationPreview) noexcept {
+    if (!target) return;
+    const IntSize view{document.view.viewWidth, document.view.viewHeight};
+    const IntRect everything{0, 0, target.width, target.height};
+    const PixelSurface* const picture = document.currentSurface();
+    if (picture == nullptr || view.width < kSmallestView || view.height < kSmallestView) {
+        releaseMemory();
+        fillRect(target, everything, background);
+        return;
+    }
+    const IntRect placement = document.imageRect();
+    if (document.rotationPreview) {
+        fillRect(target, everything, background);
+        if (drawRotationPreview != nullptr) drawRotationPreview(document, target);
+    } else {
+        const IntRect visible = clippedTo({target.width, target.height}, placement);
+        fillAround(target, visible, background);
+        if (!visible.isEmpty()) paintPicture(*picture, placement, visible, background, target);
+    }
+    drawImageFrame(target, placement, view, document.frameColor);
+}
+
+void ViewPainter::paintPicture(const PixelSurface& picture, IntRect placement, IntRect visible,
+                               Argb background, MutablePixelView target) noexcept {
+    PixelView drawn;
+    if (placement.width != picture.width() || placement.height != picture.height()) {
+        drawn = scaled_.update(picture, placement, visible, {target.width, target.height}, background);
+    }
+    if (!drawn) {
+        drawPlacedPicture(picture, placement, visible, background, target);
+        return;
+    }
+    for (int y = visible.y; y < visible.bottom(); ++y) {
+        std::copy_n(drawn.row(y) + visible.x, visible.width, target.row(y) + visible.x);
+    }
 }
 
 }  // namespace orvane

@@ -1,12 +1,41 @@
 #pragma once
 
+#include <orvane/pixels.h>
+
 #include "document/image_document.h"
+#include "view/scaled_picture.h"
 
 namespace orvane {
 
+/// Draws what stands in for the image while a free rotation is being previewed, on a target that holds the
+/// background.
+using RotationPreviewDrawer = void (*)(const ImageDocument& document, MutablePixelView target);
+
+/// Paints the lower layers of the control: the background, the document's image as its view places it, and
+/// the frame around it.
+///
+/// Painting again without a change copies the visible pixels once; so does panning, but for the strips that
+/// come into view. An opaque image at zoom 1 is copied straight from the document. Everything else costs as
+/// much as its visible part. The memory kept is one raster of the view's size; without it, images are drawn
+/// anew each time.
 class ViewPainter {
  public:
-    void paint(const ImageDocument& document, Argb backgroundColor, MutablePixelView target) noexcept;
+    /// Views with a shorter side show no image.
+    static constexpr int kSmallestView = 16;
+
+    /// Writes every pixel of the target, which has the view's size. The result is that of clearing to the
+    /// background, an opaque colour, and drawing image and frame over it.
+    void paint(const ImageDocument& document, Argb background, MutablePixelView target,
+               RotationPreviewDrawer drawRotationPreview = nullptr) noexcept;
+
+    /// Gives the kept memory back; the next paint draws anew.
+    void releaseMemory() noexcept { scaled_.release(); }
+
+ private:
+    void paintPicture(const PixelSurface& picture, IntRect placement, IntRect visible, Argb background,
+                      MutablePixelView target) noexcept;
+
+    ScaledPicture scaled_;
 };
 
 }  // namespace orvane
