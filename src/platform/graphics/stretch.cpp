@@ -39,6 +39,8 @@ class Stretcher {
             copyRows();
         } else if (source_.isOpaque && !shrinks(xAxis_) && !shrinks(yAxis_)) {
             enlargeOpaque();
+        } else if (source_.isOpaque && xAxis_.halves() && yAxis_.halves()) {
+            halveOpaque();
         } else if (xAxis_.whole() + 1 + kPixelsAfterTail > kSourceTile) {
             averageLongFootprints();
         } else {
@@ -60,6 +62,14 @@ class Stretcher {
             sourceOver(pixels, to, to, std::size_t(count));
         } else if (pixels != to) {
             std::memcpy(to, pixels, std::size_t(count) * sizeof(Argb));
+        }
+    }
+
+    void halveOpaque() const {
+        for (int y = 0; y < part_.height; ++y) {
+            const Argb* const upper = source_.pixels.row(2 * (part_.y + y)) + 2 * part_.x;
+            stretch_rows::averageQuads(upper, upper + source_.pixels.stridePixels, std::size_t(part_.width),
+                                       target_.row(y));
         }
     }
 

@@ -25,6 +25,8 @@ class StretchAxis {
     StretchAxis(int sourceLength, int targetLength) noexcept;
 
     [[nodiscard]] Kind kind() const noexcept { return kind_; }
+    /// Whether each footprint is a pair of whole pixels.
+    [[nodiscard]] bool halves() const noexcept { return source_ == 2 * target_; }
     /// Source pixels that every footprint contains with weight 1 (0 unless shrinking by more than 2).
     [[nodiscard]] int whole() const noexcept { return whole_; }
     /// What a weighted sum is multiplied by to be an average.

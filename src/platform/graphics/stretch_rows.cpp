@@ -208,6 +208,39 @@ void ResolveWeightedByAlpha(const float* sums, float scale, std::size_t count, A
     });
 }
 
+void AverageQuads(const Argb* upper, const Argb* lower, std::size_t count, Argb* target) {
+    std::size_t i = 0;
+#if HWY_TARGET != HWY_SCALAR
+    const hn::ScalableTag<std::uint16_t> shorts;
+    const hn::ScalableTag<std::uint64_t> pixels;  // of four shorts
+    const hn::Rebind<ByteLanes, decltype(shorts)> narrow;
+    const std::size_t lanes = hn::Lanes(shorts), step = lanes / 4;
+    for (; i + step <= count; i += step) {
+        const ByteLanes *const above = bytesOf(upper + 2 * i), *const below = bytesOf(lower + 2 * i);
+        const auto sum = [&](std::size_t byte) HWY_ATTR {
+            return hn::Add(hn::PromoteTo(shorts, hn::LoadU(narrow, above + byte)),
+                           hn::PromoteTo(shorts, hn::LoadU(narrow, below + byte)));
+        };
+        const auto first = hn::BitCast(pixels, sum(0)), second = hn::BitCast(pixels, sum(lanes));
+        const auto left = hn::BitCast(shorts, hn::ConcatEven(pixels, second, first));
+        const auto right = hn::BitCast(shorts, hn::ConcatOdd(pixels, second, first));
+        const auto total = hn::Add(hn::Add(left, right), hn::Set(shorts, std::uint16_t{2}));
+        const auto mean = hn::BitCast(hn::RebindToSigned<decltype(shorts)>(), hn::ShiftRight<2>(total));
+        hn::StoreU(hn::DemoteTo(narrow, mean), narrow, reinterpret_cast<ByteLanes*>(target + i));
+    }
+#endif
+    for (; i < count; ++i) {
+        const Argb quad[] = {upper[2 * i], upper[2 * i + 1], lower[2 * i], lower[2 * i + 1]};
+        Argb mean = 0;
+        for (int shift = 0; shift < 32; shift += 8) {
+            unsigned total = 2;
+            for (const Argb p : quad) total += (p >> shift) & 255u;
+            mean |= (total / 4) << shift;
+        }
+        target[i] = mean;
+    }
+}
+
 constexpr int kFractionBits = 7;
 
 void WidenRow(const Argb* source, std::size_t count, std::int16_t* target) {
@@ -270,6 +303,7 @@ HWY_EXPORT(SumRowsWeightedByAlpha);
 HWY_EXPORT(SumColumns);
 HWY_EXPORT(ResolveOpaque);
 HWY_EXPORT(ResolveWeightedByAlpha);
+HWY_EXPORT(AverageQuads);
 HWY_EXPORT(WidenRow);
 HWY_EXPORT(InterpolateRow);
 HWY_EXPORT(InterpolateBetween);
@@ -293,6 +327,10 @@ void resolveOpaque(const float* sums, float scale, std::size_t count, Argb* targ
 
 void resolveWeightedByAlpha(const float* sums, float scale, std::size_t count, Argb* target) noexcept {
     HWY_DYNAMIC_DISPATCH(ResolveWeightedByAlpha)(sums, scale, count, target);
+}
+
+void averageQuads(const Argb* upper, const Argb* lower, std::size_t count, Argb* target) noexcept {
+    HWY_DYNAMIC_DISPATCH(AverageQuads)(upper, lower, count, target);
 }
 
 void widenRow(const Argb* source, std::size_t count, std::int16_t* target) noexcept {

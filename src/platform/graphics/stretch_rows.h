@@ -39,6 +39,10 @@ void resolveOpaque(const float* sums, float scale, std::size_t count, Argb* targ
 /// An average whose alpha rounds to 0 becomes the word 0.
 void resolveWeightedByAlpha(const float* sums, float scale, std::size_t count, Argb* target) noexcept;
 
+/// The quick road for halving opaque pictures: each target pixel is the rounded mean of two pixels of either
+/// row.
+void averageQuads(const Argb* upper, const Argb* lower, std::size_t count, Argb* target) noexcept;
+
 /// The quick road for enlarging opaque pictures: values in 1/128 of a level as 16-bit integers, weights in
 /// 1/32768.
 struct Neighbours {
