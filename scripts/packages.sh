@@ -1,0 +1,56 @@
+# shellcheck shell=bash disable=SC2034
+# What the project needs from the system, by purpose; the names are Debian 12's. Read by the other scripts, which
+# call need_packages with the groups that they use. An installed system is left alone and needs no network.
+
+packages_build=(
+    g++ cmake ninja-build pkgconf                # compiler and build tools
+    libturbojpeg0-dev libjpeg62-turbo-dev        # JPEG
+    libspng-dev libpng-dev libtiff-dev libgif-dev libwebp-dev
+    libhwy-dev                                   # vector arithmetic, chosen at run time
+)
+packages_test=(libgtest-dev libgmock-dev)
+packages_bench=(libbenchmark-dev libopencv-dev)  # the peer that speed is compared with
+packages_ci=(clang libclang-rt-14-dev clang-format clang-tidy ccache shellcheck git)
+
+say() { printf '\n== %s\n' "$*"; }
+
+# need_packages GROUP...: installs what is missing of the groups, as root or through sudo.
+need_packages() {
+    local group package wanted=() missing=()
+    for group in "$@"; do
+        local -n names="packages_$group"
+        wanted+=("${names[@]}")
+    done
+    if ! command -v dpkg-query > /dev/null || ! command -v apt-get > /dev/null; then
+        say "This is not a Debian system: packages are not installed here"
+        echo "Please install what answers to these Debian packages, if it is not there yet:"
+        printf '  %s\n' "${wanted[@]}"
+        return 0
+    fi
+    for package in "${wanted[@]}"; do
+        dpkg-query -W -f '${Status}' "$package" 2> /dev/null | grep -q 'install ok installed' || missing+=("$package")
+    done
+    [ "${#missing[@]}" -gt 0 ] || return 0
+
+    say "Installing packages: ${missing[*]}"
+    local as_root=(env DEBIAN_FRONTEND=noninteractive)
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo > /dev/null; then
+            echo "These packages are missing, and only root can install them (there is no sudo here):" >&2
+            echo "  apt-get install --no-install-recommends ${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo "${as_root[@]}")
+    fi
+    local wait_for_lock=(-o DPkg::Lock::Timeout=600)
+    "${as_root[@]}" apt-get update -q "${wait_for_lock[@]}"
+    "${as_root[@]}" apt-get install -q -y --no-install-recommends "${wait_for_lock[@]}" "${missing[@]}"
+}
+
+# build_release TARGET...: configures and builds targets ("all" for everything) in build/release.
+build_release() {
+    say "Building (release, in build/release)"
+    local configured
+    configured=$(cmake --preset release 2>&1) || { echo "$configured" >&2; return 1; }
+    cmake --build build/release -j "$(nproc)" --target "$@"
+}
