@@ -15,7 +15,7 @@ using namespace png;
 
 /// Within a few per cent of the size that zlib's default level reaches on photographs, in a fraction of its
 /// time; higher levels of libdeflate gain next to nothing on filtered photographs.
-constexpr int kCompressionLevel = 4;
+constexpr int kCompressionLevel = 6;
 
 /// Data beyond this are continued in a further chunk, whose length field could not hold them otherwise.
 constexpr std::size_t kDataPerChunk = std::size_t{1} << 30;
