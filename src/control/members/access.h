@@ -22,29 +22,22 @@ T argumentAs(const Value& value) {
     }
 }
 
-template <auto Operation>
-struct OperationCall;
+template <class... Parameters, std::size_t... I>
+void callOperation(void (*operation)(ImageDocument&, Parameters...), ImageDocument& document,
+                   [[maybe_unused]] Arguments arguments, std::index_sequence<I...>) {
+    operation(document, argumentAs<Parameters>(arguments[I])...);
+}
 
-template <class... Parameters, void (*Operation)(ImageDocument&, Parameters...)>
-struct OperationCall<Operation> {
-    static void run(ImageDocument& document, Arguments arguments) {
-        runWith(document, arguments, std::index_sequence_for<Parameters...>());
-    }
-    template <std::size_t... I>
-    static void runWith(ImageDocument& document, [[maybe_unused]] Arguments arguments,
-                        std::index_sequence<I...>) {
-        Operation(document, argumentAs<Parameters>(arguments[I])...);
-    }
-};
-
-template <class... Parameters, void (*Operation)(ImageDocument&, Parameters...) noexcept>
-struct OperationCall<Operation>
-    : OperationCall<static_cast<void (*)(ImageDocument&, Parameters...)>(Operation)> {};
+template <class... Parameters>
+void callOperation(void (*operation)(ImageDocument&, Parameters...), ImageDocument& document,
+                   Arguments arguments) {
+    callOperation(operation, document, arguments, std::index_sequence_for<Parameters...>());
+}
 
 /// A filter: the operation on the document, then a redraw, whether or not anything changed.
 template <auto Operation>
 Value filter(VistrelControl& control, Arguments arguments) {
-    OperationCall<Operation>::run(control.document, arguments);
+    callOperation(Operation, control.document, arguments);
     control.refresh();
     return {};
 }

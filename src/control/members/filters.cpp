@@ -1,5 +1,17 @@
 // Filters: operations on the whole picture, each one history step.
 #include "control/members/access.h"
+#include "filters/autocolor.h"
+#include "filters/brightness.h"
+#include "filters/contrast.h"
+#include "filters/desaturate.h"
+#include "filters/gamma.h"
+#include "filters/hue.h"
+#include "filters/invert.h"
+#include "filters/lightness.h"
+#include "filters/monochrome.h"
+#include "filters/noise.h"
+#include "filters/saturate.h"
+#include "filters/temperature.h"
 
 namespace orvane::members {
 namespace {
@@ -7,16 +19,24 @@ namespace {
 using enum ValueType;
 
 constexpr Member kRows[] = {
-    {.id = 0x02, .name = "Desaturate", .help = "Turns the picture grey by luminance."},
+    {.id = 0x02,
+     .name = "Desaturate",
+     .help = "Turns the picture grey by luminance.",
+     .call = filter<&desaturate>},
     {.id = 0x03,
      .name = "Saturate",
      .help = "Pushes colours away from grey or towards it.",
-     .parameters = {{"nValue", Long, "percent; 100 keeps the colours, 0 gives grey"}}},
-    {.id = 0x06, .name = "Autocolor", .help = "Stretches each channel to span 5 to 250."},
+     .parameters = {{"nValue", Long, "percent; 100 keeps the colours, 0 gives grey"}},
+     .call = filter<&saturate>},
+    {.id = 0x06,
+     .name = "Autocolor",
+     .help = "Stretches each channel to span 5 to 250.",
+     .call = filter<&autocolor>},
     {.id = 0x07,
      .name = "Contrast",
      .help = "Scales every channel about the grey 127.",
-     .parameters = {{"nValue", Long, "percent; 100 keeps the picture, 0 gives plain grey"}}},
+     .parameters = {{"nValue", Long, "percent; 100 keeps the picture, 0 gives plain grey"}},
+     .call = filter<&contrast>},
     {.id = 0x08,
      .name = "Emboss",
      .help = "Shows the picture as a relief lit from one side.",
@@ -27,18 +47,21 @@ constexpr Member kRows[] = {
      .help = "Adds to the channels.",
      .parameters = {{"nRed", Long, "levels added to red"},
                     {"nGreen", Long, "levels added to green"},
-                    {"nBlue", Long, "levels added to blue"}}},
+                    {"nBlue", Long, "levels added to blue"}},
+     .call = filter<&brightness>},
     {.id = 0x0A,
      .name = "Lightness",
      .help = "Multiplies the channels.",
      .parameters = {{"nRedVal", Long, "percent of red, from 0"},
                     {"nGreenVal", Long, "percent of green, from 0"},
-                    {"nBlueVal", Long, "percent of blue, from 0"}}},
+                    {"nBlueVal", Long, "percent of blue, from 0"}},
+     .call = filter<&lightness>},
     {.id = 0x0B,
      .name = "Noise",
      .help = "Adds random noise.",
      .parameters = {{"nType", Long, "0 grey noise, anything else colour noise"},
-                    {"nVal", Long, "largest change in levels"}}},
+                    {"nVal", Long, "largest change in levels"}},
+     .call = filter<&noise>},
     {.id = 0x0C,
      .name = "Diffuse",
      .help = "Exchanges pixels with random neighbours, as through frosted glass.",
@@ -47,7 +70,7 @@ constexpr Member kRows[] = {
      .name = "Blur",
      .help = "Replaces every pixel by the mean of the square around it.",
      .parameters = {{"nVal", Long, "radius in pixels, from 1"}}},
-    {.id = 0x0E, .name = "Invert", .help = "Turns the picture into its negative."},
+    {.id = 0x0E, .name = "Invert", .help = "Turns the picture into its negative.", .call = filter<&invert>},
     {.id = 0x0F,
      .name = "Mosaic",
      .help = "Divides the picture into square tiles of one colour each.",
@@ -58,7 +81,8 @@ constexpr Member kRows[] = {
      .help = "Turns bright pixels into one colour and all others into another.",
      .parameters = {{"nLevel", Long, "grey level; brighter pixels count as bright"},
                     {"Color1", Color, "colour of the bright pixels"},
-                    {"Color2", Color, "colour of the others"}}},
+                    {"Color2", Color, "colour of the others"}},
+     .call = filter<&monochrome>},
     {.id = 0x11,
      .name = "Average",
      .help = "Mean of the square around every pixel with a centre of its own weight.",
@@ -104,7 +128,8 @@ constexpr Member kRows[] = {
     {.id = 0x1F,
      .name = "Gamma",
      .help = "Raises every channel to a power.",
-     .parameters = {{"Level", Double, "exponent, from 0.02; above 1 darkens"}}},
+     .parameters = {{"Level", Double, "exponent, from 0.02; above 1 darkens"}},
+     .call = filter<&gamma>},
     {.id = 0x27,
      .name = "BlurRadial",
      .help = "Blurs along circles about a centre, as a turning camera does.",
@@ -118,7 +143,8 @@ constexpr Member kRows[] = {
     {.id = 0x29,
      .name = "Temperature",
      .help = "Makes the picture warmer or cooler.",
-     .parameters = {{"nVal", Long, "percent, -100 to 100; above 0 is warmer"}}},
+     .parameters = {{"nVal", Long, "percent, -100 to 100; above 0 is warmer"}},
+     .call = filter<&temperature>},
     {.id = 0x2C,
      .name = "UserEffect",
      .help = "Convolves the picture with a kernel of the caller's.",
@@ -144,8 +170,12 @@ constexpr Member kRows[] = {
      .help = "Colours the picture: black through one colour to white.",
      .parameters = {{"R", Long, "red, 0 to 255"},
                     {"G", Long, "green, 0 to 255"},
-                    {"B", Long, "blue, 0 to 255"}}},
-    {.id = 0x40, .name = "Sepia", .help = "Colours the picture brown like an old photograph."},
+                    {"B", Long, "blue, 0 to 255"}},
+     .call = filter<&hue>},
+    {.id = 0x40,
+     .name = "Sepia",
+     .help = "Colours the picture brown like an old photograph.",
+     .call = filter<&sepia>},
     {.id = 0x42,
      .name = "GlowingEdge",
      .help = "Shows edges as glowing lines.",
