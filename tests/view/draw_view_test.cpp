@@ -9,6 +9,7 @@
 #include "platform/graphics/fill.h"
 #include "platform/graphics/source_over.h"
 #include "platform/graphics/stretch.h"
+#include "support/failing_allocator.h"
 #include "view/image_frame.h"
 #include "view/view_mapping.h"
 
@@ -150,6 +151,20 @@ TEST(DrawView, ARotationPreviewStandsInForTheImageUnderTheFrame) {
         [](const ImageDocument&, MutablePixelView pixels) { pixels.at(30, 25) = 0xFFABCDEFu; });
     bare.view().at(30, 25) = 0xFFABCDEFu;
     EXPECT_EQ(target.pixels, bare.pixels);
+}
+
+TEST(DrawView, WithoutMemoryToKeepPixelsThePictureIsStillDrawn) {
+    std::mt19937 random(3);
+    ImageDocument document;
+    document.view.setViewSize({60, 50}, {});
+    loadRandomPicture(document, 20, 10, false, random);
+    document.view.zoom = 1.7;
+    Raster target(60, 50);
+    ViewPainter painter;
+    FailingAllocator::arm(1, 1000);
+    painter.paint(document, 0xFF102030u, target.view());
+    EXPECT_TRUE(FailingAllocator::disarm());
+    EXPECT_EQ(target.pixels, layersOf(document, 0xFF102030u, {60, 50}));
 }
 
 TEST(ImageFrame, CoversItsPathFullyAndItsNeighboursByHalf) {

@@ -5,19 +5,20 @@
 #include <cstring>
 
 #include "platform/graphics/fill.h"
+#include "platform/graphics/opaque_rows.h"
 #include "platform/graphics/source_over.h"
 #include "platform/graphics/stretch_axis.h"
-#include "platform/graphics/stretch_rows.h"
+#include "platform/graphics/stretch_sums.h"
 
 namespace orvane {
 namespace {
 
-using stretch_rows::Neighbours;
-using stretch_rows::RowSum;
+using opaque_rows::Neighbours;
+using stretch_sums::RowSum;
 
 // A tile is a range of destination columns whose tables and rows of sums stay in the nearest cache.
 constexpr int kTargetTile = 512;
-constexpr int kSourceTile = stretch_rows::kMaxRowLength;
+constexpr int kSourceTile = stretch_sums::kMaxRowLength;
 constexpr int kPixelsAfterTail = 2;  // what a footprint may name beyond its first pixel and its whole ones
 
 // One call of drawStretched. `part` is the visible part of the destination, in pixels of the destination.
@@ -68,8 +69,8 @@ class Stretcher {
     void halveOpaque() const {
         for (int y = 0; y < part_.height; ++y) {
             const Argb* const upper = source_.pixels.row(2 * (part_.y + y)) + 2 * part_.x;
-            stretch_rows::averageQuads(upper, upper + source_.pixels.stridePixels, std::size_t(part_.width),
-                                       target_.row(y));
+            opaque_rows::averageQuads(upper, upper + source_.pixels.stridePixels, std::size_t(part_.width),
+                                      target_.row(y));
         }
     }
 
@@ -97,7 +98,7 @@ class Stretcher {
 
         for (int y = 0; y < part_.height; ++y) {
             sumRows(y, start, sourceCount, sums);
-            stretch_rows::sumColumns(sums, columns, xAxis_.whole(), std::size_t(count), averages);
+            stretch_sums::sumColumns(sums, columns, xAxis_.whole(), std::size_t(count), averages);
             Argb* const finished = over_ ? pixels : target_.row(y) + x;
             resolve(averages, count, finished);
             if (over_) finishRow(pixels, y, x, count);
@@ -132,18 +133,18 @@ class Stretcher {
         rows.rowsAhead = source_.pixels.height - next;
         rows.ahead = source_.pixels.row(next) + start;
         if (source_.isOpaque) {
-            stretch_rows::sumRowsOpaque(rows, std::size_t(count), sums);
+            stretch_sums::sumRowsOpaque(rows, std::size_t(count), sums);
         } else {
-            stretch_rows::sumRowsWeightedByAlpha(rows, std::size_t(count), sums);
+            stretch_sums::sumRowsWeightedByAlpha(rows, std::size_t(count), sums);
         }
     }
 
     void resolve(const float* sums, int count, Argb* pixels) const {
         const float scale = xAxis_.scale() * yAxis_.scale();
         if (source_.isOpaque) {
-            stretch_rows::resolveOpaque(sums, scale, std::size_t(count), pixels);
+            stretch_sums::resolveOpaque(sums, scale, std::size_t(count), pixels);
         } else {
-            stretch_rows::resolveWeightedByAlpha(sums, scale, std::size_t(count), pixels);
+            stretch_sums::resolveWeightedByAlpha(sums, scale, std::size_t(count), pixels);
         }
     }
 
@@ -207,8 +208,8 @@ class Stretcher {
         const auto stretchedRow = [&](int row) {
             const int slot = row & 1;
             if (held[slot] != row) {
-                stretch_rows::widenRow(source_.pixels.row(row) + start, std::size_t(sourceCount), wide);
-                stretch_rows::interpolateRow(wide, columns, std::size_t(count), rows[slot]);
+                opaque_rows::widenRow(source_.pixels.row(row) + start, std::size_t(sourceCount), wide);
+                opaque_rows::interpolateRow(wide, columns, std::size_t(count), rows[slot]);
                 held[slot] = row;
             }
             return rows[slot];
@@ -218,7 +219,7 @@ class Stretcher {
             const std::int16_t weight = fixedWeight(f.tail);
             const std::int16_t* const upper = stretchedRow(f.first);
             const std::int16_t* const lower = weight > 0 ? stretchedRow(f.first + 1) : upper;
-            stretch_rows::interpolateBetween(upper, lower, weight, std::size_t(count), target_.row(y) + x);
+            opaque_rows::interpolateBetween(upper, lower, weight, std::size_t(count), target_.row(y) + x);
         }
     }
 

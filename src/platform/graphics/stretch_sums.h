@@ -7,9 +7,10 @@
 
 #include "platform/graphics/stretch_axis.h"
 
-/// The vectorised inner loops of stretching, each over one row. Rows of sums hold four floats per pixel (B,
-/// G, R, A); for pictures with transparency the colours are weighted by their alpha.
-namespace orvane::stretch_rows {
+/// Stretching by weighted sums: source rows are summed into a row of sums, columns of sums into a shorter or
+/// longer row, and that becomes words. A sum has four floats per pixel (B, G, R, A); for pictures with
+/// transparency the colours are weighted by their alpha.
+namespace orvane::stretch_sums {
 
 /// A weighted sum of rows: some with a weight of their own, and a run of rows of weight 1.
 struct RowSum {
@@ -39,24 +40,4 @@ void resolveOpaque(const float* sums, float scale, std::size_t count, Argb* targ
 /// An average whose alpha rounds to 0 becomes the word 0.
 void resolveWeightedByAlpha(const float* sums, float scale, std::size_t count, Argb* target) noexcept;
 
-/// The quick road for halving opaque pictures: each target pixel is the rounded mean of two pixels of either
-/// row.
-void averageQuads(const Argb* upper, const Argb* lower, std::size_t count, Argb* target) noexcept;
-
-/// The quick road for enlarging opaque pictures: values in 1/128 of a level as 16-bit integers, weights in
-/// 1/32768.
-struct Neighbours {
-    std::int32_t first = 0;       ///< between this source pixel and the next one
-    std::int16_t weight[4] = {};  ///< of the next one, below 1, once per channel
-};
-
-/// Bytes to 1/128 levels.
-void widenRow(const Argb* source, std::size_t count, std::int16_t* target) noexcept;
-/// Interpolates along a widened row.
-void interpolateRow(const std::int16_t* source, const Neighbours* neighbours, std::size_t count,
-                    std::int16_t* target) noexcept;
-/// Interpolates between two rows, by the weight of the lower one, and rounds.
-void interpolateBetween(const std::int16_t* upper, const std::int16_t* lower, std::int16_t weight,
-                        std::size_t count, Argb* target) noexcept;
-
-}  // namespace orvane::stretch_rows
+}  // namespace orvane::stretch_sums
