@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/image_codecs.h"
+
+namespace orvane::fuzz {
+
+/// Takes pictures of up to 4 megapixels and refuses larger ones, so that a search spends its time on decoding
+/// and not on clearing memory. The vector ends where the picture does: a sanitizer sees any pixel beyond.
+class BoundedTarget final : public DecodeTarget {
+ public:
+    static constexpr std::uint64_t kMaxPixels = std::uint64_t{1} << 22;
+
+    MutablePixelView allocate(int width, int height) override {
+        if (!isAllowedImageSize(width, height)) __builtin_trap();
+        if (std::uint64_t(width) * std::uint64_t(height) > kMaxPixels) return {};
+        pixels_.assign(std::size_t(width) * std::size_t(height), Argb{0});
+        return {pixels_.data(), width, height, width};
+    }
+
+ private:
+    std::vector<Argb> pixels_;
+};
+
+}  // namespace orvane::fuzz
