@@ -2,10 +2,10 @@
 
 #include <cstddef>
 
-#include "bounded_decode_target.h"
+#include "bounded_target.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    orvane::BoundedDecodeTarget target;
+    orvane::fuzz::BoundedTarget target;
     (void)orvane::decodeBmp({data, size}, target);
     return 0;
 }

@@ -22,7 +22,7 @@ struct Command {
 
 /// Every implemented method with usual arguments, on a small picture, then every file format there and back.
 std::vector<Command> script(const std::u16string& folder) {
-    std::vector<Command> commands = {{"NewImage", {24, 18}}};
+    std::vector<Command> commands = {{"NewImage", {96, 72}}};
     for (const Member& member : memberTable()) {
         const std::string name = member.name;
         if (!member.isMethod() || !member.isImplemented() || name == "NewImage" || name == "Empty" ||
@@ -64,7 +64,7 @@ std::vector<Command> script(const std::u16string& folder) {
 /// peace. Answers whether an allocation was refused, so that the caller knows when to stop.
 bool survives(const Command& command, long n, long more) {
     TestControl control(60, 40);
-    control.call("NewImage", {24, 18});
+    control.call("NewImage", {96, 72});
     control.document().pushSnapshot();
     control.document().lockCurrent().at(2, 2) = 0x80123456u;
     const std::vector<Value> arguments = command.arguments;

@@ -39,6 +39,13 @@ bool refuses() noexcept {
     return true;
 }
 
+/// Some codec libraries are not prepared to be refused their own small blocks, and no system refuses those
+/// first.
+[[maybe_unused]] bool refusesLibrary(std::size_t bytes) noexcept {
+    constexpr std::size_t kSmallBlock = 8192;
+    return bytes >= kSmallBlock && refuses();
+}
+
 void* counted(void* block) noexcept {
     if (block != nullptr) alive.fetch_add(1, std::memory_order_relaxed);
     return block;
@@ -72,19 +79,19 @@ void* __libc_memalign(std::size_t, std::size_t);
 void __libc_free(void*);
 
 void* malloc(std::size_t bytes) {
-    return orvane::refuses() ? nullptr : orvane::counted(__libc_malloc(bytes));
+    return orvane::refusesLibrary(bytes) ? nullptr : orvane::counted(__libc_malloc(bytes));
 }
 void* calloc(std::size_t n, std::size_t bytes) {
-    return orvane::refuses() ? nullptr : orvane::counted(__libc_calloc(n, bytes));
+    return orvane::refusesLibrary(n * bytes) ? nullptr : orvane::counted(__libc_calloc(n, bytes));
 }
 void* realloc(void* block, std::size_t bytes) {
-    if (orvane::refuses()) return nullptr;
+    if (orvane::refusesLibrary(bytes)) return nullptr;
     void* moved = __libc_realloc(block, bytes);
     if (block == nullptr) orvane::counted(moved);
     return moved;
 }
 void* memalign(std::size_t alignment, std::size_t bytes) {
-    return orvane::refuses() ? nullptr : orvane::counted(__libc_memalign(alignment, bytes));
+    return orvane::refusesLibrary(bytes) ? nullptr : orvane::counted(__libc_memalign(alignment, bytes));
 }
 void* aligned_alloc(std::size_t alignment, std::size_t bytes) { return memalign(alignment, bytes); }
 int posix_memalign(void** block, std::size_t alignment, std::size_t bytes) {
@@ -99,29 +106,41 @@ void free(void* block) {
 }
 }
 
+namespace {
+void* plainAllocate(std::size_t bytes) { return orvane::counted(__libc_malloc(bytes)); }
+void* plainAllocate(std::size_t bytes, std::size_t alignment) {
+    return orvane::counted(__libc_memalign(alignment, bytes));
+}
+void plainFree(void* block) { free(block); }
+}  // namespace
+
 #else
 
+namespace {
+void* plainAllocate(std::size_t bytes) { return orvane::counted(std::malloc(bytes)); }
+void* plainAllocate(std::size_t bytes, std::size_t alignment) {
+    return orvane::counted(std::aligned_alloc(alignment, (bytes + alignment - 1) / alignment * alignment));
+}
+void plainFree(void* block) {
+    orvane::forget(block);
+    std::free(block);
+}
+}  // namespace
+
+#endif
+
 void* operator new(std::size_t bytes) {
-    void* block = orvane::refuses() ? nullptr : orvane::counted(std::malloc(bytes));
+    void* block = orvane::refuses() ? nullptr : plainAllocate(bytes);
     if (block == nullptr) throw std::bad_alloc();
     return block;
 }
 void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
-    return orvane::refuses() ? nullptr : orvane::counted(std::malloc(bytes));
+    return orvane::refuses() ? nullptr : plainAllocate(bytes);
 }
 void* operator new(std::size_t bytes, std::align_val_t alignment, const std::nothrow_t&) noexcept {
-    const auto align = static_cast<std::size_t>(alignment);
-    const std::size_t whole = (bytes + align - 1) / align * align;
-    return orvane::refuses() ? nullptr : orvane::counted(std::aligned_alloc(align, whole));
+    return orvane::refuses() ? nullptr : plainAllocate(bytes, static_cast<std::size_t>(alignment));
 }
-void operator delete(void* block) noexcept {
-    orvane::forget(block);
-    std::free(block);
-}
-void operator delete(void* block, std::size_t) noexcept { operator delete(block); }
-void operator delete(void* block, std::align_val_t) noexcept { operator delete(block); }
-void operator delete(void* block, std::align_val_t, const std::nothrow_t&) noexcept {
-    operator delete(block);
-}
-
-#endif
+void operator delete(void* block) noexcept { plainFree(block); }
+void operator delete(void* block, std::size_t) noexcept { plainFree(block); }
+void operator delete(void* block, std::align_val_t) noexcept { plainFree(block); }
+void operator delete(void* block, std::align_val_t, const std::nothrow_t&) noexcept { plainFree(block); }

@@ -1,3 +1,5 @@
+#include <fcntl.h>
+
 #include <algorithm>
 
 #include "platform/linux/tiff_codec.h"
@@ -70,6 +72,9 @@ std::vector<std::uint8_t> encodeTiff(PixelView picture) noexcept try {
     TiffOutput output;
     TiffHandle tiff = openTiffForWriting(output);
     const bool done = tiff && writePage(tiff.get(), picture);
+    // Closing would flush what an encoder without memory left half-made; everything is written by now or
+    // never.
+    if (tiff) TIFFSetMode(tiff.get(), O_RDONLY);
     tiff.reset();
     if (!done || output.failed) return {};
     return std::move(output.bytes);
