@@ -174,8 +174,7 @@ int run(int width, int height) {
     test::loadPicture(document, pixels, width, height);
     for (int i = 0; i < HistoryStack::kHistorySlots; ++i) invert(document);
 
-    std::printf("%d x %d, %s\n", width, height,
-                hwy::TargetName(hwy::SupportedTargets() & -hwy::SupportedTargets()));
+    std::printf("%d x %d, %s\n", width, height, hwy::TargetName(hwy::SupportedAndGeneratedTargets().front()));
     bench::printRatioHeader();
     for (const Comparison& comparison : comparisons(source, target)) {
         const Pixels before = test::pictureOf(document);

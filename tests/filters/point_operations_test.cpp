@@ -198,6 +198,30 @@ TEST(PointOperations, LumaIsExactForAllColours) {
     }
 }
 
+TEST(PointOperations, EveryPercentageIsExact) {
+    // Each pair of a channel value and, nearly, a luma; hundredths that round badly are a few among hundreds.
+    Pixels source = randomPicture(1 << 16, 4u);
+    for (std::size_t i = 0; i < source.size(); ++i) {
+        source[i] = (source[i] & 0xFFu) | Argb(i & 255u) << 8 | Argb(i >> 8) << 16;
+    }
+    const auto expectSame = [&](int percent, auto run, const Pixels& expected) {
+        ImageDocument document;
+        loadPicture(document, source, 256, 256);
+        run(document);
+        EXPECT_EQ(difference(pictureOf(document), expected, source), "") << percent << " %";
+    };
+    for (int percent = -3; percent <= 520; percent += kFastBuild ? 1 : 29) {
+        expectSame(
+            percent, [=](ImageDocument& d) { saturate(d, percent); }, reference::saturate(source, percent));
+        expectSame(
+            percent, [=](ImageDocument& d) { contrast(d, percent); }, reference::contrast(source, percent));
+        if (percent < 0) continue;
+        expectSame(
+            percent, [=](ImageDocument& d) { lightness(d, percent, percent + 1, percent + 2); },
+            reference::lightness(source, percent, percent + 1, percent + 2));
+    }
+}
+
 TEST(PointOperations, KernelsStayWithinTheirPixels) {
     constexpr Argb kGuard = 0x5AC35AC3u;
     constexpr std::size_t kMargin = 20;
