@@ -29,9 +29,9 @@ using ByteTag = hn::Repartition<std::uint8_t, PixelTag>;
 using PixelVector = hn::Vec<PixelTag>;
 using ByteVector = hn::Vec<ByteTag>;
 
-/// Results from this size on bypass the caches: the picture would have left them anyway before anyone reads
-/// it, and a bypassing store spares the read of the old memory.
-constexpr std::size_t kStreamedPixels = (std::size_t{24} << 20) / sizeof(Argb);
+/// Results from this size on (16 MiB) bypass the caches: the picture would have left them anyway before
+/// anyone reads it, and a bypassing store spares the read of the old memory.
+constexpr std::size_t kStreamedPixels = (std::size_t{16} << 20) / sizeof(Argb);
 
 /// Stores to vector-aligned memory, through the caches or around them.
 template <bool kStreamed>
