@@ -13,11 +13,15 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 constexpr char kPaletteLetters[] = "kwrgbcmy";
 
+/// Byte i of a little-endian number; zero beyond its four.
+std::uint8_t byteOf(std::uint32_t value, int i) {
+    return i < 4 ? std::uint8_t(value >> (8 * i)) : std::uint8_t(0);
+}
 void put(Bytes& out, std::uint32_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i) out.push_back(std::uint8_t(value >> (8 * i)));
+    for (int i = 0; i < bytes; ++i) out.push_back(byteOf(value, i));
 }
 void set(Bytes& out, std::size_t offset, std::uint32_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i) out[offset + std::size_t(i)] = std::uint8_t(value >> (8 * i));
+    for (int i = 0; i < bytes; ++i) out[offset + std::size_t(i)] = byteOf(value, i);
 }
 
 /// What one BMP file looks like in front of its pixels.
