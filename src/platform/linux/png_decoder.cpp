@@ -1,10 +1,11 @@
+#include "platform/linux/png_codec.h"
+
 #include <libdeflate.h>
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
-#include "platform/linux/png_codec.h"
+#include "platform/linux/png_contents.h"
 #include "platform/linux/png_filters.h"
 #include "platform/linux/png_format.h"
 
@@ -16,149 +17,6 @@ using namespace png;
 /// DEFLATE cannot expand further: 258 bytes from a code of two bits. A picture that claims more than its data
 /// can hold is a lie, found out before anything is allocated for it.
 constexpr std::uint64_t kMaxExpansion = 1032;
-
-/// The pixels (x0 + i * stepX, y0 + j * stepY): one of the seven interlace passes, or the whole picture.
-struct Pass {
-    int x0, y0, stepX, stepY;
-    [[nodiscard]] int columns(int width) const { return (width - x0 + stepX - 1) / stepX; }
-    [[nodiscard]] int rows(int height) const { return (height - y0 + stepY - 1) / stepY; }
-};
-constexpr Pass kWhole[] = {{0, 0, 1, 1}};
-constexpr Pass kAdam7[] = {{0, 0, 8, 8}, {4, 0, 8, 8}, {0, 4, 4, 8}, {2, 0, 4, 4},
-                           {0, 2, 2, 4}, {1, 0, 2, 2}, {0, 1, 1, 2}};
-
-struct Header {
-    int width = 0, height = 0;
-    unsigned bitDepth = 0;
-    std::uint8_t colourType = 0;
-    bool interlaced = false;
-
-    [[nodiscard]] unsigned channels() const {
-        switch (colourType) {
-            case kRgb:
-                return 3;
-            case kGreyAlpha:
-                return 2;
-            case kRgba:
-                return 4;
-            default:
-                return 1;
-        }
-    }
-    [[nodiscard]] unsigned bitsPerPixel() const { return bitDepth * channels(); }
-    [[nodiscard]] std::size_t pixelBytes() const { return std::max(1u, bitsPerPixel() / 8); }
-    [[nodiscard]] std::size_t rowBytes(int columns) const {
-        return (std::size_t(columns) * bitsPerPixel() + 7) / 8;
-    }
-    [[nodiscard]] std::span<const Pass> passes() const {
-        return interlaced ? std::span<const Pass>(kAdam7) : std::span<const Pass>(kWhole);
-    }
-    [[nodiscard]] std::uint64_t rawBytes() const {
-        std::uint64_t total = 0;
-        for (const Pass& pass : passes())
-            if (const int columns = pass.columns(width); columns > 0)
-                total += std::uint64_t(pass.rows(height)) * (1 + rowBytes(columns));
-        return total;
-    }
-};
-
-/// Everything of a file that its picture needs.
-struct Contents {
-    Header header;
-    /// Palette entries; of a palette too short for the picture's indices the rest is opaque black.
-    std::array<Argb, 256> palette;
-    bool hasPalette = false;
-    /// The one grey or colour that stands for full transparency, in samples of the file's depth.
-    bool hasTransparentColour = false;
-    std::array<std::uint16_t, 3> transparentColour{};
-    std::vector<std::span<const std::uint8_t>> data;
-    std::uint64_t dataBytes = 0;
-};
-
-bool isValidDepth(std::uint8_t colourType, unsigned depth) {
-    switch (colourType) {
-        case kGrey:
-            return depth == 1 || depth == 2 || depth == 4 || depth == 8 || depth == 16;
-        case kPalette:
-            return depth == 1 || depth == 2 || depth == 4 || depth == 8;
-        case kRgb:
-        case kGreyAlpha:
-        case kRgba:
-            return depth == 8 || depth == 16;
-        default:
-            return false;
-    }
-}
-
-bool readHeader(std::span<const std::uint8_t> chunk, Header& header) {
-    if (chunk.size() != 13) return false;
-    const std::uint32_t width = readBig32(&chunk[0]), height = readBig32(&chunk[4]);
-    if (!isAllowedImageSize(width, height)) return false;
-    header.width = int(width);
-    header.height = int(height);
-    header.bitDepth = chunk[8];
-    header.colourType = chunk[9];
-    header.interlaced = chunk[12] == 1;
-    return isValidDepth(header.colourType, header.bitDepth) && chunk[10] == 0 && chunk[11] == 0 &&
-           chunk[12] <= 1;
-}
-
-bool readPalette(std::span<const std::uint8_t> chunk, Contents& contents) {
-    if (chunk.empty() || chunk.size() % 3 != 0 || chunk.size() > 3 * 256) return false;
-    for (std::size_t i = 0; i < chunk.size() / 3; ++i)
-        contents.palette[i] = makeOpaque(chunk[3 * i], chunk[3 * i + 1], chunk[3 * i + 2]);
-    contents.hasPalette = true;
-    return true;
-}
-
-/// A malformed transparency chunk is ignored: it is not critical.
-void readTransparency(std::span<const std::uint8_t> chunk, Contents& contents) {
-    const std::uint8_t type = contents.header.colourType;
-    if (type == kPalette && contents.hasPalette && chunk.size() <= 256) {
-        for (std::size_t i = 0; i < chunk.size(); ++i)
-            contents.palette[i] = (contents.palette[i] & 0xffffffu) | Argb(chunk[i]) << 24;
-    } else if ((type == kGrey && chunk.size() == 2) || (type == kRgb && chunk.size() == 6)) {
-        const unsigned mask = (1u << contents.header.bitDepth) - 1;
-        for (std::size_t c = 0; c < chunk.size() / 2; ++c)
-            contents.transparentColour[c] =
-                std::uint16_t(unsigned(chunk[2 * c] << 8 | chunk[2 * c + 1]) & mask);
-        contents.hasTransparentColour = true;
-    }
-}
-
-/// Walks the chunks up to the end mark; nothing but the list of picture data spans is allocated.
-bool readContents(std::span<const std::uint8_t> bytes, Contents& contents) {
-    contents.palette.fill(0xff000000u);
-    std::size_t at = sizeof kSignature;
-    bool sawHeader = false;
-    while (bytes.size() - at >= kChunkOverhead) {
-        const std::uint32_t length = readBig32(&bytes[at]), type = readBig32(&bytes[at + 4]);
-        if (length > kMaxChunkLength || length > bytes.size() - at - kChunkOverhead) return false;
-        const auto chunk = bytes.subspan(at + 8, length);
-        const bool intact =
-            libdeflate_crc32(0, &bytes[at + 4], 4 + length) == readBig32(&bytes[at + 8 + length]);
-        if (!intact && isCritical(type)) return false;
-        at += kChunkOverhead + length;
-
-        if (!sawHeader) {
-            if (type != chunkType("IHDR") || !readHeader(chunk, contents.header)) return false;
-            sawHeader = true;
-        } else if (type == chunkType("PLTE")) {
-            // In true-colour files the palette is only a hint for poorer displays.
-            if (contents.header.colourType == kPalette && !readPalette(chunk, contents)) return false;
-        } else if (type == chunkType("IDAT")) {
-            if (!chunk.empty()) contents.data.push_back(chunk);
-            contents.dataBytes += length;
-        } else if (type == chunkType("IEND")) {
-            return contents.header.colourType != kPalette || contents.hasPalette;
-        } else if (type == chunkType("tRNS")) {
-            if (intact && contents.data.empty()) readTransparency(chunk, contents);
-        } else if (isCritical(type)) {
-            return false;
-        }
-    }
-    return false;
-}
 
 /// The raw picture: filter bytes and filtered rows, at least header.rawBytes() of them; null on failure.
 Bytes inflate(const Contents& contents) {
@@ -316,8 +174,6 @@ bool writePixels(const Contents& contents, std::uint8_t* raw, MutablePixelView p
 
 bool decodePng(std::span<const std::uint8_t> bytes, DecodeTarget& target) noexcept {
     try {
-        if (bytes.size() < sizeof kSignature || !std::equal(kSignature, std::end(kSignature), bytes.begin()))
-            return false;
         Contents contents;
         if (!readContents(bytes, contents)) return false;
         const Bytes raw = inflate(contents);

@@ -1,10 +1,11 @@
+#include "platform/linux/png_codec.h"
+
 #include <libdeflate.h>
 
 #include <algorithm>
 #include <cstring>
 #include <memory>
 
-#include "platform/linux/png_codec.h"
 #include "platform/linux/png_filters.h"
 #include "platform/linux/png_format.h"
 

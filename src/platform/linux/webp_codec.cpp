@@ -1,6 +1,7 @@
 #include "platform/linux/webp_codec.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <optional>
 
@@ -59,6 +60,15 @@ std::optional<Frame> firstFrame(std::span<const std::uint8_t> file) {
     return std::nullopt;
 }
 
+/// libwebp up to 1.3.2 follows an uninitialised pointer when it gets no memory for its code tables. Memory
+/// that is taken and given back just before makes that failure unlikely: here it is met safely.
+constexpr std::size_t kHeadroomBytes = std::size_t{16} << 20;
+bool hasHeadroom() {
+    void* const probe = std::malloc(kHeadroomBytes);
+    std::free(probe);
+    return probe != nullptr;
+}
+
 bool decodeOnto(MutablePixelView canvas, const Frame& frame) {
     WebPDecoderConfig config;
     if (!WebPInitDecoderConfig(&config) ||
@@ -97,7 +107,7 @@ bool decodeWebp(std::span<const std::uint8_t> bytes, DecodeTarget& target) noexc
             frame = Frame{0, 0, file};
         if (!frame) return false;
         const MutablePixelView canvas = target.allocate(features.width, features.height);
-        if (!canvas) return false;
+        if (!canvas || !hasHeadroom()) return false;
         if (features.has_animation)
             for (int y = 0; y < canvas.height; ++y) std::fill_n(canvas.row(y), canvas.width, Argb{0});
         return decodeOnto(canvas, *frame);

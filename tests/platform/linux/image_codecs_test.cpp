@@ -15,7 +15,10 @@ TEST(ImageCodecs, TellTheirOwnFilesApartByContents) {
     const struct {
         ImageFormat format;
         bool exact;
-    } rows[] = {{ImageFormat::Bmp, true}, {ImageFormat::Jpeg, false}, {ImageFormat::Png, true}};
+    } rows[] = {{ImageFormat::Bmp, true},
+                {ImageFormat::Jpeg, false},
+                {ImageFormat::Gif, false},
+                {ImageFormat::Png, true}};
     for (const auto& row : rows) {
         const Bytes file = encodeImage(picture, row.format, 90);
         RecordingDecodeTarget target;

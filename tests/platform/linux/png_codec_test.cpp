@@ -146,11 +146,11 @@ void putBig32(Bytes& file, std::size_t at, std::uint32_t value) {
 }
 
 Bytes chunkOf(const char* type, const Bytes& data) {
-    Bytes chunk(8 + data.size() + 4);
+    Bytes chunk(12 + data.size());
     putBig32(chunk, 0, std::uint32_t(data.size()));
     std::copy(type, type + 4, chunk.begin() + 4);
     std::copy(data.begin(), data.end(), chunk.begin() + 8);
-    putBig32(chunk, chunk.size() - 4, std::uint32_t(crc32(0, &chunk[4], uInt(4 + data.size()))));
+    putBig32(chunk, 8 + data.size(), std::uint32_t(crc32(0, &chunk[4], uInt(4 + data.size()))));
     return chunk;
 }
 
