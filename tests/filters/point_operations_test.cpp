@@ -51,6 +51,11 @@ struct Operation {
     std::function<Pixels(const Pixels&)> expected;
 };
 
+/// One parameter per channel.
+struct PerChannel {
+    int r, g, b;
+};
+
 /// Parameters in the middle of their ranges, at their ends and far beyond.
 std::vector<Operation> allOperations() {
     std::vector<Operation> all;
@@ -76,19 +81,19 @@ std::vector<Operation> allOperations() {
             named("contrast", n), [n](ImageDocument& d) { contrast(d, n); },
             [n](const Pixels& p) { return reference::contrast(p, n); });
     }
-    const int sums[][3] = {{0, 0, 0},       {10, -20, 30},         {255, -255, 1},
-                           {256, -256, -1}, {INT_MAX, INT_MIN, 0}, {-128, 127, INT_MIN}};
-    for (const auto& [r, g, b] : sums) {
+    const PerChannel sums[] = {{0, 0, 0},       {10, -20, 30},         {255, -255, 1},
+                               {256, -256, -1}, {INT_MAX, INT_MIN, 0}, {-128, 127, INT_MIN}};
+    for (const PerChannel& c : sums) {
         add(
-            named("brightness", r, g, b), [=](ImageDocument& d) { brightness(d, r, g, b); },
-            [=](const Pixels& p) { return reference::brightness(p, r, g, b); });
+            named("brightness", c.r, c.g, c.b), [=](ImageDocument& d) { brightness(d, c.r, c.g, c.b); },
+            [=](const Pixels& p) { return reference::brightness(p, c.r, c.g, c.b); });
     }
-    const int scales[][3] = {
+    const PerChannel scales[] = {
         {100, 100, 100}, {0, 1, 99}, {101, 150, 29}, {255, 57, 1000}, {INT_MAX, 58, 12345}};
-    for (const auto& [r, g, b] : scales) {
+    for (const PerChannel& c : scales) {
         add(
-            named("lightness", r, g, b), [=](ImageDocument& d) { lightness(d, r, g, b); },
-            [=](const Pixels& p) { return reference::lightness(p, r, g, b); });
+            named("lightness", c.r, c.g, c.b), [=](ImageDocument& d) { lightness(d, c.r, c.g, c.b); },
+            [=](const Pixels& p) { return reference::lightness(p, c.r, c.g, c.b); });
     }
     for (int n : {-100, -99, -33, 0, 1, 29, 50, 100}) {
         add(
@@ -106,12 +111,12 @@ std::vector<Operation> allOperations() {
             [=](ImageDocument& d) { monochrome(d, level, 0xFF102030u, 0xFFF0E0D0u); },
             [=](const Pixels& p) { return reference::monochrome(p, level, 0xFF102030u, 0xFFF0E0D0u); });
     }
-    const int colours[][3] = {{0, 0, 0},   {255, 255, 255}, {1, 1, 0},
-                              {0, 255, 0}, {200, 30, 90},   {254, 255, 255}};
-    for (const auto& [r, g, b] : colours) {
+    const PerChannel colours[] = {{0, 0, 0},   {255, 255, 255}, {1, 1, 0},
+                                  {0, 255, 0}, {200, 30, 90},   {254, 255, 255}};
+    for (const PerChannel& c : colours) {
         add(
-            named("hue", r, g, b), [=](ImageDocument& d) { hue(d, r, g, b); },
-            [=](const Pixels& p) { return reference::hue(p, r, g, b); });
+            named("hue", c.r, c.g, c.b), [=](ImageDocument& d) { hue(d, c.r, c.g, c.b); },
+            [=](const Pixels& p) { return reference::hue(p, c.r, c.g, c.b); });
     }
     for (int type : {0, 1, -7}) {
         for (int level : {0, 1, 31, 255, 256, -40, -255, 100000, INT_MAX, INT_MIN}) {
