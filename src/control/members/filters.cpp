@@ -8,6 +8,8 @@
 #include "filters/hue.h"
 #include "filters/invert.h"
 #include "filters/lightness.h"
+#include "filters/maximal.h"
+#include "filters/minimal.h"
 #include "filters/monochrome.h"
 #include "filters/noise.h"
 #include "filters/saturate.h"
@@ -105,11 +107,13 @@ constexpr Member kRows[] = {
     {.id = 0x18,
      .name = "Minimal",
      .help = "The darkest value of the square around every pixel, channel by channel.",
-     .parameters = {{"nVal", Long, "radius in pixels, from 0"}}},
+     .parameters = {{"nVal", Long, "radius in pixels, from 0"}},
+     .call = filter<&minimal>},
     {.id = 0x19,
      .name = "Maximal",
      .help = "The brightest value of the square around every pixel, channel by channel.",
-     .parameters = {{"nVal", Long, "radius in pixels, from 0"}}},
+     .parameters = {{"nVal", Long, "radius in pixels, from 0"}},
+     .call = filter<&maximal>},
     {.id = 0x1A,
      .name = "Median",
      .help = "The middle value of the square around every pixel, channel by channel.",
