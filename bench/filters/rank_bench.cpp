@@ -13,6 +13,7 @@
 
 #include "filters/invert.h"
 #include "filters/maximal.h"
+#include "filters/median.h"
 #include "filters/minimal.h"
 #include "filters/rank_reference.h"
 #include "support/photograph.h"
@@ -45,6 +46,13 @@ const Comparison kComparisons[] = {
      reference::highestRank,
      [](const cv::Mat& source, cv::Mat& target, int radius) { cv::dilate(source, target, square(radius)); },
      {1, 3, 10, 25}},
+    {"Median : medianBlur",
+     median,
+     reference::middleRank,
+     [](const cv::Mat& source, cv::Mat& target, int radius) {
+         cv::medianBlur(source, target, 2 * radius + 1);
+     },
+     {1, 2, 3, 4, 5, 6, 10, 25, 60, 127, 200}},
 };
 
 bool isRight(const Comparison& comparison, int radius) {

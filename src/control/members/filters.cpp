@@ -9,6 +9,7 @@
 #include "filters/invert.h"
 #include "filters/lightness.h"
 #include "filters/maximal.h"
+#include "filters/median.h"
 #include "filters/minimal.h"
 #include "filters/monochrome.h"
 #include "filters/noise.h"
@@ -117,7 +118,8 @@ constexpr Member kRows[] = {
     {.id = 0x1A,
      .name = "Median",
      .help = "The middle value of the square around every pixel, channel by channel.",
-     .parameters = {{"nVal", Long, "radius in pixels, from 0"}}},
+     .parameters = {{"nVal", Long, "radius in pixels, from 0"}},
+     .call = filter<&median>},
     {.id = 0x1D,
      .name = "BlurZoom",
      .help = "Blurs along the rays from a centre, as a zooming lens does.",
