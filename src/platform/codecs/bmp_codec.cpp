@@ -13,11 +13,11 @@ void append32(std::vector<std::uint8_t>& out, std::uint32_t value) {
     for (int shift = 0; shift < 32; shift += 8) out.push_back(std::uint8_t(value >> shift));
 }
 
-}  // namespace
-
-bool isBmp(std::span<const std::uint8_t> bytes) noexcept {
+bool isBmp(std::span<const std::uint8_t> bytes) {
     return bytes.size() >= kFileHeaderBytes && bytes[0] == 'B' && bytes[1] == 'M';
 }
+
+}  // namespace
 
 bool decodeBmp(std::span<const std::uint8_t> bytes, DecodeTarget& target) noexcept {
     if (!isBmp(bytes)) return false;

@@ -9,9 +9,6 @@
 /// BMP files, read and written without any library.
 namespace orvane {
 
-/// Whether the data begin like a BMP file.
-[[nodiscard]] bool isBmp(std::span<const std::uint8_t> bytes) noexcept;
-
 /// Decodes a BMP file of any kind that decodeDib() knows; the sizes in the file header are not trusted.
 [[nodiscard]] bool decodeBmp(std::span<const std::uint8_t> bytes, DecodeTarget& target) noexcept;
 

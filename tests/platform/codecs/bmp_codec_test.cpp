@@ -37,7 +37,7 @@ struct Form {
 
 Bytes makeHeader(const Form& form, int width, int height, std::size_t paletteEntries) {
     Bytes out = {'B', 'M'};
-    put(out, 0, 12);
+    out.resize(14);
     put(out, form.headerBytes, 4);
     const int size = form.headerBytes == 12 ? 2 : 4;
     put(out, std::uint32_t(width), size);
