@@ -18,6 +18,7 @@ TEST(ImageCodecs, TellTheirOwnFilesApartByContents) {
     } rows[] = {{ImageFormat::Bmp, true},
                 {ImageFormat::Jpeg, false},
                 {ImageFormat::Gif, false},
+                {ImageFormat::Tiff, true},
                 {ImageFormat::Png, true}};
     for (const auto& row : rows) {
         const Bytes file = encodeImage(picture, row.format, 90);
