@@ -90,7 +90,8 @@ class Batch {
                 conclude(started_++, {ExitStatus::Output, {}, {}, "not begun: no room for another process"});
                 continue;
             }
-            running_.emplace(child.id(), std::pair(started_++, std::move(child)));
+            const pid_t id = child.id();
+            running_.emplace(id, std::pair(started_++, std::move(child)));
         }
     }
 

@@ -111,21 +111,27 @@ class InputFiles {
     std::map<std::pair<dev_t, ino_t>, const BatchItem*> inputs_;
 };
 
-void checkOutputs(const std::vector<BatchItem>& items, bool force) {
-    const InputFiles inputs(items);
+void checkNames(const std::vector<BatchItem>& items) {
     std::map<std::string, const BatchItem*> outputs;
     for (const BatchItem& item : items) {
         const auto [other, isNew] = outputs.emplace(item.output, &item);
-        if (!isNew) {
-            refuse(item.input, "and " + inQuotes(other->second->input.text) + " (" +
-                                   other->second->input.place.describe() + ") would both be written to " +
-                                   inQuotes(item.output) + "; run them in two batches");
-        }
+        if (isNew) continue;
+        const Word& first = other->second->input;
+        refuse(item.input, "and " + inQuotes(first.text) + " (" + first.place.describe() +
+                               ") would both be written to " + inQuotes(item.output) +
+                               "; run them in two batches");
+    }
+}
+
+void checkInputsStay(const std::vector<BatchItem>& items, bool force) {
+    const InputFiles inputs(items);
+    for (const BatchItem& item : items) {
         const BatchItem* overwritten = inputs.find(item.output);
         if (overwritten == nullptr) continue;
-        if (overwritten != &item) {
-            refuse(item.input, "would be written over another input, " + inQuotes(overwritten->input.text) +
-                                   " (" + overwritten->input.place.describe() + "); choose another OUTDIR");
+        if (overwritten != &item) {  // even with --force: the files are worked on in no fixed order
+            const Word& other = overwritten->input;
+            refuse(item.input, "would be written over another input, " + inQuotes(other.text) + " (" +
+                                   other.place.describe() + "); choose another OUTDIR");
         }
         if (!force) refuse(item.input, "would be overwritten; choose another OUTDIR or add --force");
     }
@@ -152,7 +158,8 @@ BatchPlan planBatch(std::span<const Word> words) {
     plan.script = parseScript(words.subspan(position + 1));
     checkSteps(plan.script);
     for (std::size_t i = 1; i < read.paths.size(); ++i) plan.items.push_back(itemFor(read.paths[i], read));
-    checkOutputs(plan.items, read.force || plan.script.force);
+    checkNames(plan.items);
+    checkInputsStay(plan.items, read.force || plan.script.force);
     const int processors = int(std::max(1u, std::thread::hardware_concurrency()));
     plan.jobs = std::min(read.jobs.value_or(processors), int(plan.items.size()));
     return plan;

@@ -93,15 +93,19 @@ TEST_F(Steps, CarryArraysThroughFilesAndStandardStreams) {
     EXPECT_FALSE(exists("new.raw"));
 }
 
-TEST_F(Steps, PrintHistogramsAndTakeKernels) {
-    const std::string members = run({"members"}).out;
-    if (members.find("GetRHistogram") == std::string::npos || run({"GetRHistogram"}).status != 0) {
-        GTEST_SKIP() << "histograms are not there yet";
-    }
+TEST_F(Steps, ExchangeListsOfNumbers) {
+    if (run({"GetRHistogram", "UserEffect", "1"}).status != 0)
+        GTEST_SKIP() << "these members are not there yet";
     std::string zeros = "GetRHistogram:";
     for (int i = 0; i < 255; ++i) zeros += " 0";
     EXPECT_EQ(run({"NewImage", "8", "6", "GetRHistogram"}).out, zeros + " 48\n");
     EXPECT_EQ(run({"GetRHistogram"}).out, "GetRHistogram: null\n");
+    EXPECT_EQ(run({"NewImage", "8", "6", "UserEffect", "0,0,0,0,-0x1,0,0,0,+0", "GetRHistogram"}).status, 0);
+    for (const char* kernel : {"", "1,,2", "1,2,", "1 2", "1,x", "1,2147483648"}) {
+        const ProgramResult result = run({"UserEffect", kernel});
+        EXPECT_EQ(result.status, 2) << kernel;
+        EXPECT_THAT(result.err, HasSubstr("whole numbers with commas between")) << kernel;
+    }
 }
 
 TEST_F(Steps, SaveInTheFormatOfTheExtension) {
