@@ -1,12 +1,20 @@
 // Filters: operations on the whole picture, each one history step.
 #include "control/members/access.h"
 #include "filters/autocolor.h"
+#include "filters/autocontrast.h"
+#include "filters/autolevels.h"
+#include "filters/average.h"
+#include "filters/blur.h"
 #include "filters/brightness.h"
 #include "filters/contrast.h"
 #include "filters/desaturate.h"
+#include "filters/emboss.h"
 #include "filters/gamma.h"
+#include "filters/gaussian_blur.h"
+#include "filters/histograms.h"
 #include "filters/hue.h"
 #include "filters/invert.h"
+#include "filters/laplas.h"
 #include "filters/lightness.h"
 #include "filters/maximal.h"
 #include "filters/median.h"
@@ -14,12 +22,32 @@
 #include "filters/monochrome.h"
 #include "filters/noise.h"
 #include "filters/saturate.h"
+#include "filters/sharpen.h"
+#include "filters/sharpen_edge.h"
+#include "filters/sobel.h"
 #include "filters/temperature.h"
+#include "filters/user_effect.h"
 
 namespace orvane::members {
 namespace {
 
 using enum ValueType;
+
+/// 256 counts, or null when there is no image.
+template <auto Histogram>
+Value histogram(VistrelControl& control, Arguments) {
+    const std::optional<LevelCounts> counts = Histogram(control.document);
+    if (!counts) return {};
+    return Value::Longs(counts->begin(), counts->end());
+}
+
+/// A null array is not even redrawn for.
+Value applyUserEffect(VistrelControl& control, Arguments arguments) {
+    if (arguments[0].isNone()) return {};
+    userEffect(control.document, arguments[0].longs());
+    control.refresh();
+    return {};
+}
 
 constexpr Member kRows[] = {
     {.id = 0x02,
@@ -44,7 +72,8 @@ constexpr Member kRows[] = {
      .name = "Emboss",
      .help = "Shows the picture as a relief lit from one side.",
      .parameters = {{"nValue", Long, "distance in pixels, -10 to 10"},
-                    {"Direction", Long, "0 above, then clockwise in eighths to 7 above left"}}},
+                    {"Direction", Long, "0 above, then clockwise in eighths to 7 above left"}},
+     .call = filter<&emboss>},
     {.id = 0x09,
      .name = "Brightness",
      .help = "Adds to the channels.",
@@ -72,7 +101,8 @@ constexpr Member kRows[] = {
     {.id = 0x0D,
      .name = "Blur",
      .help = "Replaces every pixel by the mean of the square around it.",
-     .parameters = {{"nVal", Long, "radius in pixels, from 1"}}},
+     .parameters = {{"nVal", Long, "radius in pixels, from 1"}},
+     .call = filter<&blur>},
     {.id = 0x0E, .name = "Invert", .help = "Turns the picture into its negative.", .call = filter<&invert>},
     {.id = 0x0F,
      .name = "Mosaic",
@@ -90,21 +120,31 @@ constexpr Member kRows[] = {
      .name = "Average",
      .help = "Mean of the square around every pixel with a centre of its own weight.",
      .parameters = {{"nAverage", Long, "weight of the centre; the others weigh 1"},
-                    {"nVal", Long, "radius in pixels, from -8; below 0 gives black"}}},
+                    {"nVal", Long, "radius in pixels, from -8; below 0 gives black"}},
+     .call = filter<&average>},
     {.id = 0x12,
      .name = "BlurMotion",
      .help = "Blurs along a line, as a moving camera does.",
      .parameters = {{"nVal", Long, "half length in pixels"},
                     {"Direction", Long,
                      "0 horizontal, 1 diagonal, 2 vertical, anything else the other diagonal"}}},
-    {.id = 0x13, .name = "Laplas", .help = "Shows edges: four times the pixel less its four neighbours."},
-    {.id = 0x14, .name = "Sharpen", .help = "Sharpens by a fixed 3 x 3 kernel."},
+    {.id = 0x13,
+     .name = "Laplas",
+     .help = "Shows edges: four times the pixel less its four neighbours.",
+     .call = filter<&laplas>},
+    {.id = 0x14, .name = "Sharpen", .help = "Sharpens by a fixed 3 x 3 kernel.", .call = filter<&sharpen>},
     {.id = 0x15,
      .name = "Aquarelle",
      .help = "Makes a picture painted in water colours.",
      .parameters = {{"nVal", Long, "brush radius in pixels, from 0"}}},
-    {.id = 0x16, .name = "Autocontrast", .help = "Stretches all channels by one joint statistic."},
-    {.id = 0x17, .name = "Autolevels", .help = "Stretches each channel by its own statistics."},
+    {.id = 0x16,
+     .name = "Autocontrast",
+     .help = "Stretches all channels by one joint statistic.",
+     .call = filter<&autocontrast>},
+    {.id = 0x17,
+     .name = "Autolevels",
+     .help = "Stretches each channel by its own statistics.",
+     .call = filter<&autolevels>},
     {.id = 0x18,
      .name = "Minimal",
      .help = "The darkest value of the square around every pixel, channel by channel.",
@@ -130,7 +170,8 @@ constexpr Member kRows[] = {
      .name = "GaussianBlur",
      .help = "Blurs with weights that fall off from the centre.",
      .parameters = {{"nVal", Long, "radius in pixels, from 1"},
-                    {"B", Long, "fall-off, from 1; larger values favour the centre"}}},
+                    {"B", Long, "fall-off, from 1; larger values favour the centre"}},
+     .call = filter<&gaussianBlur>},
     {.id = 0x1F,
      .name = "Gamma",
      .help = "Raises every channel to a power.",
@@ -145,7 +186,8 @@ constexpr Member kRows[] = {
     {.id = 0x28,
      .name = "Sobel",
      .help = "Shows where brightness rises in one direction.",
-     .parameters = {{"nType", Long, "0 to the right, 1 left, 2 down, anything else up"}}},
+     .parameters = {{"nType", Long, "0 to the right, 1 left, 2 down, anything else up"}},
+     .call = filter<&sobel>},
     {.id = 0x29,
      .name = "Temperature",
      .help = "Makes the picture warmer or cooler.",
@@ -155,7 +197,8 @@ constexpr Member kRows[] = {
      .name = "UserEffect",
      .help = "Convolves the picture with a kernel of the caller's.",
      .parameters = {{"ppArray", LongArray,
-                     "9 or 25 weights, column by column from the left, each from the top"}}},
+                     "9 or 25 weights, column by column from the left, each from the top"}},
+     .call = applyUserEffect},
     {.id = 0x34,
      .name = "SmartBlur",
      .help = "Blurs flat areas and keeps edges.",
@@ -164,7 +207,8 @@ constexpr Member kRows[] = {
     {.id = 0x37,
      .name = "SharpenEdge",
      .help = "Sharpens where there is contrast.",
-     .parameters = {{"Level", Long, "smallest contrast that is sharpened, 0 to 255"}}},
+     .parameters = {{"Level", Long, "smallest contrast that is sharpened, 0 to 255"}},
+     .call = filter<&sharpenEdge>},
     {.id = 0x3E,
      .name = "Glow",
      .help = "Lets bright pixels shine over their surroundings.",
@@ -210,19 +254,23 @@ constexpr Member kRows[] = {
     {.id = 0x54,
      .name = "GetRHistogram",
      .type = LongArray,
-     .help = "How many pixels have each red level: 256 counts."},
+     .help = "How many pixels have each red level: 256 counts.",
+     .call = histogram<&redHistogram>},
     {.id = 0x55,
      .name = "GetGHistogram",
      .type = LongArray,
-     .help = "How many pixels have each green level: 256 counts."},
+     .help = "How many pixels have each green level: 256 counts.",
+     .call = histogram<&greenHistogram>},
     {.id = 0x56,
      .name = "GetBHistogram",
      .type = LongArray,
-     .help = "How many pixels have each blue level: 256 counts."},
+     .help = "How many pixels have each blue level: 256 counts.",
+     .call = histogram<&blueHistogram>},
     {.id = 0x57,
      .name = "GetLHistogram",
      .type = LongArray,
-     .help = "How many pixels have each luminance: 256 counts."},
+     .help = "How many pixels have each luminance: 256 counts.",
+     .call = histogram<&lumaHistogram>},
 };
 
 }  // namespace
