@@ -9,16 +9,12 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "filters/kernels/luma.h"
 #include "filters/kernels/map_pixels-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace orvane {
 namespace HWY_NAMESPACE {
-
-/// trunc(0.2125 R + 0.7154 G + 0.0721 B), 0..255, the products and sums rounded one by one in this order.
-HWY_INLINE int lumaOf(Argb pixel) {
-    return static_cast<int>(0.2125 * redOf(pixel) + 0.7154 * greenOf(pixel) + 0.0721 * blueOf(pixel));
-}
 
 #if HWY_TARGET != HWY_SCALAR
 
@@ -60,36 +56,39 @@ HWY_INLINE IntVector literalLuma(PixelVector pixels) {
 #endif
 }
 
-/// a[2i] * b[2i] + a[2i + 1] * b[2i + 1] of 16-bit lanes, added up over both pairs of factors.
+/// sum + a[2i] * b[2i] + a[2i + 1] * b[2i + 1] of 16-bit lanes.
 template <class V16>
-HWY_INLINE IntVector sumOfProducts(V16 a, V16 b, V16 c, V16 d) {
+HWY_INLINE IntVector sumOfProducts(IntVector sum, V16 a, V16 b) {
     const IntTag di;
-    auto second = hn::Zero(di);
-    auto first = hn::ReorderWidenMulAccumulate(di, a, b, hn::Zero(di), second);
-    first = hn::ReorderWidenMulAccumulate(di, c, d, first, second);
-    return hn::RearrangeToOddPlusEven(first, second);
+    auto rest = hn::Zero(di);
+    const auto first = hn::ReorderWidenMulAccumulate(di, a, b, hn::Zero(di), rest);
+    return hn::Add(sum, hn::RearrangeToOddPlusEven(first, rest));
 }
 
-/// The luma of every pixel. In units of 1/10000 it is a sum of whole numbers, and cutting the fraction off
-/// gives what the formula gives, except where nothing is to be cut off: there the rounding errors of the
-/// formula decide (43, 43, 43 has luma 42), and only the formula itself knows them.
-HWY_INLINE IntVector lumaOf(PixelVector pixels) {
+/// The luma of every pixel, one per lane. In units of 1/10000 it is a sum of whole numbers, and cutting the
+/// fraction off gives what the formula gives, except where nothing is to be cut off: there the rounding
+/// errors of the formula decide (43, 43, 43 has luma 42), and only the formula itself knows them. That
+/// happens to all greys and to one colour in ten thousand.
+HWY_INLINE IntVector lumaOfEach(PixelVector pixels) {
     const PixelTag d;
     const IntTag di;
     const hn::Repartition<std::int16_t, PixelTag> di16;
+    const hn::Repartition<std::uint16_t, PixelTag> d16;
     const hn::RebindToFloat<PixelTag> df;
 
     const auto blueRed = hn::BitCast(di16, hn::And(pixels, hn::Set(d, 0x00FF00FFu)));
-    const auto green = hn::BitCast(di16, hn::And(hn::ShiftRight<8>(pixels), hn::Set(d, 255u)));
+    const auto greenAlpha = hn::BitCast(di16, hn::ShiftRight<8>(hn::BitCast(d16, pixels)));
     const auto blueRedWeights = hn::BitCast(di16, hn::Set(d, (2125u << 16) | 721u));
     const auto greenWeight = hn::BitCast(di16, hn::Set(d, 7154u));
-    const auto total = sumOfProducts(blueRed, blueRedWeights, green, greenWeight);
+    const auto total =
+        sumOfProducts(sumOfProducts(hn::Zero(di), blueRed, blueRedWeights), greenAlpha, greenWeight);
 
     // The bias of half a unit is larger than any error of single precision and too small to reach the next
     // whole number.
     const auto luma = hn::ConvertTo(
         di, hn::Add(hn::Mul(hn::ConvertTo(df, total), hn::Set(df, 1e-4f)), hn::Set(df, 0.5e-4f)));
-    const auto back = hn::Mul(luma, hn::Set(di, 10000));
+    const auto back =
+        sumOfProducts(hn::Zero(di), hn::BitCast(di16, luma), hn::BitCast(di16, hn::Set(di, 10000)));
     if (HWY_LIKELY(hn::AllFalse(di, hn::Eq(back, total)))) return luma;
     return literalLuma(pixels);
 }

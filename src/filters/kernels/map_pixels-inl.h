@@ -134,7 +134,8 @@ struct PlaneWise : Kernel {};
 #endif  // HWY_TARGET != HWY_SCALAR
 
 /// Runs a kernel over `count` pixels: one by one with kernel.pixel(argb) up to the first aligned target word
-/// and after the last full block, vectors in between. `kernel` is a WordWise or PlaneWise one.
+/// and after the last full block, vectors in between. `kernel` is a WordWise or PlaneWise one, or has a
+/// block() of its own.
 template <class Kernel>
 HWY_INLINE void mapPixels(const Argb* HWY_RESTRICT source, Argb* HWY_RESTRICT target, std::size_t count,
                           const Kernel& kernel) {
