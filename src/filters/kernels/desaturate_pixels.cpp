@@ -103,7 +103,7 @@ struct Desaturation {
         // The second byte of every lane of lumas is zero.
         alignas(16) static constexpr std::uint8_t kThrice[16] = {0, 0, 0, 1, 4,  4,  4,  5,
                                                                  8, 8, 8, 9, 12, 12, 12, 13};
-        const auto luma = hn::BitCast(d8, lumaOfEach(pixels));
+        const auto luma = hn::BitCast(d8, lumaOf(pixels));
         return hn::BitCast(PixelTag(), hn::TableLookupBytes(luma, hn::LoadDup128(d8, kThrice)));
     }
 #endif

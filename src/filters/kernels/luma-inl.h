@@ -16,6 +16,8 @@ HWY_BEFORE_NAMESPACE();
 namespace orvane {
 namespace HWY_NAMESPACE {
 
+using orvane::lumaOf;  // of one pixel; the vector form joins it
+
 #if HWY_TARGET != HWY_SCALAR
 
 using IntTag = hn::RebindToSigned<PixelTag>;
@@ -69,7 +71,7 @@ HWY_INLINE IntVector sumOfProducts(IntVector sum, V16 a, V16 b) {
 /// fraction off gives what the formula gives, except where nothing is to be cut off: there the rounding
 /// errors of the formula decide (43, 43, 43 has luma 42), and only the formula itself knows them. That
 /// happens to all greys and to one colour in ten thousand.
-HWY_INLINE IntVector lumaOfEach(PixelVector pixels) {
+HWY_INLINE IntVector lumaOf(PixelVector pixels) {
     const PixelTag d;
     const IntTag di;
     const hn::Repartition<std::int16_t, PixelTag> di16;

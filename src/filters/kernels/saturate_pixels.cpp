@@ -55,7 +55,7 @@ struct Saturation {
         const IntTag di;
         const hn::Half<IntTag> dh;
         const hn::Rebind<double, decltype(dh)> df;
-        const auto luma = lumaOfEach(p);
+        const auto luma = lumaOf(p);
         const auto scale = hn::Set(df, s), rest = hn::Set(df, k);
         const auto greyLower = hn::Trunc(hn::Mul(hn::PromoteTo(df, hn::LowerHalf(dh, luma)), rest));
         const auto greyUpper = hn::Trunc(hn::Mul(hn::PromoteTo(df, hn::UpperHalf(dh, luma)), rest));
@@ -91,7 +91,7 @@ struct FastSaturation {
     HWY_INLINE PixelVector words(PixelVector p) const {
         const PixelTag d;
         const WideTag d16;
-        const auto luma = hn::BitCast(d, lumaOfEach(p));
+        const auto luma = hn::BitCast(d, lumaOf(p));
         const auto lumaPair = hn::BitCast(d16, hn::Or(luma, hn::ShiftLeft<16>(luma)));
         const auto share =
             timesSlope(lumaPair, hn::Set(d16, form.lumaShare.whole), hn::Set(d16, form.lumaShare.fraction));
