@@ -5,6 +5,7 @@
 #include "filters/autolevels.h"
 #include "filters/average.h"
 #include "filters/blur.h"
+#include "filters/blur_motion.h"
 #include "filters/brightness.h"
 #include "filters/contrast.h"
 #include "filters/desaturate.h"
@@ -127,7 +128,8 @@ constexpr Member kRows[] = {
      .help = "Blurs along a line, as a moving camera does.",
      .parameters = {{"nVal", Long, "half length in pixels"},
                     {"Direction", Long,
-                     "0 horizontal, 1 diagonal, 2 vertical, anything else the other diagonal"}}},
+                     "0 horizontal, 1 diagonal, 2 vertical, anything else the other diagonal"}},
+     .call = filter<&blurMotion>},
     {.id = 0x13,
      .name = "Laplas",
      .help = "Shows edges: four times the pixel less its four neighbours.",

@@ -1,0 +1,176 @@
+// The filters that smear and twist along paths, each with its history step, against OpenCV doing the same
+// kind of work on the same picture.
+//
+//     motion_bench [width height [instruction set [rows that contain this]]]
+
+#include <hwy/targets.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+#include <opencv2/core.hpp>
+#include <opencv2/imgproc.hpp>
+#include <string>
+
+#include "filters/blur_motion.h"
+#include "filters/invert.h"
+#include "filters/motion_reference.h"
+#include "support/photograph.h"
+#include "support/pictures.h"
+#include "support/ratio_timer.h"
+
+namespace orvane {
+namespace {
+
+using reference::Picture;
+
+struct Comparison {
+    std::string name;
+    std::function<void(ImageDocument&)> ours;
+    std::function<Picture(const Picture&)> expected;
+    std::function<void()> theirs;
+};
+
+/// To polar coordinates, a box along angle or radius, and back.
+class PolarBlur {
+ public:
+    PolarBlur(const cv::Mat& source, cv::Mat& target, cv::Size window)
+        : source_(source), target_(target), window_(window) {}
+
+    void operator()() {
+        const cv::Point2f centre(float(source_.cols / 2), float(source_.rows / 2));
+        const double radius = std::hypot(centre.x, centre.y);
+        // As many polar pixels as the picture has.
+        const cv::Size size(int(radius), int(double(source_.total()) / radius));
+        cv::warpPolar(source_, *polar_, size, centre, radius, cv::INTER_LINEAR);
+        cv::blur(*polar_, *blurred_, window_);
+        cv::warpPolar(*blurred_, target_, source_.size(), centre, radius,
+                      cv::INTER_LINEAR | cv::WARP_INVERSE_MAP);
+    }
+
+ private:
+    cv::Mat source_;
+    cv::Mat& target_;
+    cv::Size window_;
+    std::shared_ptr<cv::Mat> polar_ = std::make_shared<cv::Mat>(), blurred_ = std::make_shared<cv::Mat>();
+};
+
+/// Polar coordinates of a twisted picture turned into a map, and the map applied. What does not depend on the
+/// strength of the twist is prepared beforehand.
+class MapTwist {
+ public:
+    MapTwist(const cv::Mat& source, cv::Mat& target, double degrees) : source_(source), target_(target) {
+        const double cx = source.cols / 2, cy = source.rows / 2, farthest = std::hypot(cx, cy);
+        radius_->create(source.size(), CV_32F);
+        angle_->create(source.size(), CV_32F);
+        for (int y = 0; y < source.rows; ++y) {
+            for (int x = 0; x < source.cols; ++x) {
+                const double r = std::hypot(x - cx, y - cy);
+                radius_->at<float>(y, x) = float(r);
+                angle_->at<float>(y, x) =
+                    float(std::atan2(y - cy, x - cx) + r / farthest * degrees * CV_PI / 180);
+            }
+        }
+    }
+
+    void operator()() {
+        cv::polarToCart(*radius_, *angle_, *x_, *y_);
+        cv::add(*x_, cv::Scalar(source_.cols / 2), *x_);
+        cv::add(*y_, cv::Scalar(source_.rows / 2), *y_);
+        cv::remap(source_, target_, *x_, *y_, cv::INTER_NEAREST, cv::BORDER_CONSTANT, cv::Scalar::all(255));
+    }
+
+ private:
+    static std::shared_ptr<cv::Mat> mat() { return std::make_shared<cv::Mat>(); }
+
+    cv::Mat source_;
+    cv::Mat& target_;
+    std::shared_ptr<cv::Mat> radius_ = mat(), angle_ = mat(), x_ = mat(), y_ = mat();
+};
+
+std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
+    std::vector<Comparison> all;
+    const auto motion = [&](const char* name, int radius, int direction, std::function<void()> theirs) {
+        all.push_back({std::string("BlurMotion ") + name + ", radius " + std::to_string(radius),
+                       [=](ImageDocument& d) { blurMotion(d, radius, direction); },
+                       [=](const Picture& p) { return reference::blurMotion(p, radius, direction); },
+                       std::move(theirs)});
+    };
+    for (int radius : {10, 100, 400}) {
+        const int count = 2 * radius + 1;
+        motion("horizontal : blur", radius, 0, [&source, &target, count] {
+            cv::blur(source, target, {count, 1});
+        });
+        motion("vertical : blur", radius, 2, [&source, &target, count] {
+            cv::blur(source, target, {1, count});
+        });
+        if (radius > 10) continue;
+        const cv::Mat falling = cv::Mat::eye(count, count, CV_32F) / count;
+        motion("falling : filter2D", radius, 1,
+               [&source, &target, falling] { cv::filter2D(source, target, -1, falling); });
+        cv::Mat rising;
+        cv::flip(falling, rising, 0);
+        motion("rising : filter2D", radius, 3,
+               [&source, &target, rising] { cv::filter2D(source, target, -1, rising); });
+    }
+    all.push_back({"Twirl 90 : polarToCart, remap", [](ImageDocument& d) { invert(d); }, nullptr,
+                   MapTwist(source, target, 90)});
+    all.push_back({"BlurZoom 40 : warpPolar, blur, back", [](ImageDocument& d) { invert(d); }, nullptr,
+                   PolarBlur(source, target, {41, 1})});
+    all.push_back({"BlurRadial 20 : warpPolar, blur, back", [](ImageDocument& d) { invert(d); }, nullptr,
+                   PolarBlur(source, target, {1, 267})});
+    return all;
+}
+
+bool isRight(const Comparison& comparison) {
+    const Picture source{83, 71, test::randomPicture(83 * 71, 11u)};
+    ImageDocument document;
+    test::loadPicture(document, source.pixels, source.width, source.height);
+    comparison.ours(document);
+    return !comparison.expected || test::pictureOf(document) == comparison.expected(source).pixels;
+}
+
+int run(int width, int height, const char* part) {
+    auto pixels = bench::photograph(width, height);
+    const cv::Mat source(height, width, CV_8UC4, pixels.data());
+    cv::Mat target(height, width, CV_8UC4, cv::Scalar::all(1));
+
+    ImageDocument document;
+    test::loadPicture(document, pixels, width, height);
+    for (int i = 0; i < 2 * HistoryStack::kHistorySlots; ++i) invert(document);
+
+    std::printf("%d x %d, %s\n", width, height,
+                hwy::TargetName(hwy::SupportedTargets() & -hwy::SupportedTargets()));
+    bench::printRatioHeader();
+    for (Comparison& comparison : comparisons(source, target)) {
+        if (part != nullptr && comparison.name.find(part) == std::string::npos) continue;
+        if (!isRight(comparison)) {
+            std::printf("%s: wrong result\n", comparison.name.c_str());
+            return 1;
+        }
+        // Each call starts from the same picture: a step is taken back at no cost.
+        const auto ours = [&] {
+            comparison.ours(document);
+            document.undo();
+        };
+        bench::printRatioRow(comparison.name.c_str(),
+                             bench::measureRatio(ours, comparison.theirs, {3, 3, 1.0}));
+    }
+    return 0;
+}
+
+}  // namespace
+}  // namespace orvane
+
+int main(int argc, char** argv) {
+    cv::setNumThreads(1);
+    const int width = argc > 2 ? std::atoi(argv[1]) : 4000, height = argc > 2 ? std::atoi(argv[2]) : 3000;
+    for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
+        if (argc > 3 && std::strcmp(hwy::TargetName(target), argv[3]) == 0) {
+            hwy::SetSupportedTargetsForTest(target);
+            break;
+        }
+    }
+    return orvane::run(width, height, argc > 4 ? argv[4] : nullptr);
+}
