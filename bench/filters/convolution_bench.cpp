@@ -24,6 +24,7 @@
 #include "filters/laplas.h"
 #include "filters/sharpen.h"
 #include "filters/sharpen_edge.h"
+#include "filters/smart_blur.h"
 #include "filters/sobel.h"
 #include "filters/user_effect.h"
 #include "support/photograph.h"
@@ -108,6 +109,18 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
             [r](ImageDocument& d) { gaussianBlur(d, r, 1); },
             [r](const Picture& p) { return reference::gaussianBlur(p, r, 1); },
             filter2D(reference::gaussianKernel(r, 1), 2 * r + 1));
+    }
+    for (int r : {3, 10}) {
+        add(
+            "SmartBlur " + std::to_string(r) + " 40 : erode + dilate + blur",
+            [r](ImageDocument& d) { smartBlur(d, r, 40); },
+            [r](const Picture& p) { return reference::smartBlur(p, r, 40); },
+            [&source, &target, n = 2 * r + 1] {
+                const cv::Mat square = cv::getStructuringElement(cv::MORPH_RECT, {n, n});
+                cv::erode(source, target, square);
+                cv::dilate(source, target, square);
+                cv::blur(source, target, {n, n}, {-1, -1}, cv::BORDER_REPLICATE);
+            });
     }
     add("Sharpen : filter2D", sharpen, reference::sharpen, filter2D(reference::sharpenKernel(), 3));
     add(

@@ -19,6 +19,7 @@
 #include "filters/laplas.h"
 #include "filters/sharpen.h"
 #include "filters/sharpen_edge.h"
+#include "filters/smart_blur.h"
 #include "filters/sobel.h"
 #include "filters/user_effect.h"
 #include "support/every_target.h"
@@ -96,6 +97,14 @@ std::vector<Operation> allOperations() {
             named("gaussianBlur", radius, fallOff),
             [r = radius, b = fallOff](ImageDocument& d) { gaussianBlur(d, r, b); },
             [r = radius, b = fallOff](const Picture& p) { return reference::gaussianBlur(p, r, b); });
+    }
+    const int smart[][2] = {{1, 0},  {1, 40},   {2, 254}, {3, 30},     {3, 255},
+                            {7, 60}, {20, 100}, {2, -1},  {4, INT_MAX}};
+    for (const auto& [radius, level] : smart) {
+        add(
+            named("smartBlur", radius, level),
+            [r = radius, l = level](ImageDocument& d) { smartBlur(d, r, l); },
+            [r = radius, l = level](const Picture& p) { return reference::smartBlur(p, r, l); });
     }
     add("sharpen", sharpen, reference::sharpen);
     for (int level : {INT_MIN, 0, 1, 30, 100, 254, 255, 256, INT_MAX}) {
@@ -183,8 +192,8 @@ TEST(Convolution, EqualsItsDefinitionsOnSmallPictures) {
 TEST(Convolution, EqualsItsDefinitionsOnAPictureBeyondTheCaches) {
     const Picture source = picture(3001, 2113, 99u);
     for (const Operation& operation : allOperations()) {
-        for (const char* name : {"blur 3", "average -8 1", "gaussianBlur 2 1", "sharpen", "sharpenEdge 30",
-                                 "laplas", "sobel 2", "emboss 3 1", "userEffect 1 2"}) {
+        for (const char* name : {"blur 3", "average -8 1", "gaussianBlur 2 1", "smartBlur 1 40", "sharpen",
+                                 "sharpenEdge 30", "laplas", "sobel 2", "emboss 3 1", "userEffect 1 2"}) {
             if (operation.name == name && kFastBuild) checkOperation(operation, source);
         }
     }
@@ -292,6 +301,10 @@ TEST(Convolution, RadiiFarBeyondThePictureStayExact) {
         checkOperation(operation, source);
     }
     for (int radius : {60, 200, 1451, 11584}) {
+        const Operation smart{named("smartBlur", radius),
+                              [=](ImageDocument& d) { smartBlur(d, radius, 255); },
+                              [=](const Picture& p) { return wideBlur(p, radius, 1, true); }};
+        checkOperation(smart, source);
         for (int weight : {1, 0, -1000}) {
             const Operation operation{named("average", weight, radius),
                                       [=](ImageDocument& d) { average(d, weight, radius); },
@@ -345,6 +358,9 @@ TEST(Convolution, RefusedParametersChangeNothing) {
         {"gaussianBlur 1 0", [](ImageDocument& d) { gaussianBlur(d, 1, 0); }, false},
         {"gaussianBlur INT_MAX 1", [](ImageDocument& d) { gaussianBlur(d, INT_MAX, 1); }, false},
         {"gaussianBlur 1 INT_MIN", [](ImageDocument& d) { gaussianBlur(d, 1, INT_MIN); }, false},
+        {"smartBlur 0 9", [](ImageDocument& d) { smartBlur(d, 0, 9); }, false},
+        {"smartBlur INT_MIN 9", [](ImageDocument& d) { smartBlur(d, INT_MIN, 9); }, false},
+        {"smartBlur INT_MAX 9", [](ImageDocument& d) { smartBlur(d, INT_MAX, 9); }, false},
         {"average 0 -9", [](ImageDocument& d) { average(d, 0, -9); }, false},
         {"average 0 INT_MIN", [](ImageDocument& d) { average(d, 0, INT_MIN); }, false},
         {"average 0 INT_MAX", [](ImageDocument& d) { average(d, 0, INT_MAX); }, false},
@@ -372,11 +388,15 @@ TEST(Convolution, RefusedParametersChangeNothing) {
 
 TEST(Convolution, SkippedPixelsKeepTheirAlphaAndAStepIsMadeAnyway) {
     const Picture source = picture(9, 9, 3u);
-    ImageDocument document;
-    test::loadPicture(document, source.pixels, 9, 9);
-    sharpenEdge(document, 256);
-    EXPECT_EQ(test::pictureOf(document), source.pixels);
-    EXPECT_TRUE(document.undoEnabled() && document.modified);
+    void (*const skippingAll[])(ImageDocument&) = {[](ImageDocument& d) { sharpenEdge(d, 256); },
+                                                   [](ImageDocument& d) { smartBlur(d, 3, -1); }};
+    for (const auto run : skippingAll) {
+        ImageDocument document;
+        test::loadPicture(document, source.pixels, 9, 9);
+        run(document);
+        EXPECT_EQ(test::pictureOf(document), source.pixels);
+        EXPECT_TRUE(document.undoEnabled() && document.modified);
+    }
 }
 
 TEST(Convolution, MembersRedrawExceptForAMissingKernel) {

@@ -25,6 +25,7 @@
 #include "filters/saturate.h"
 #include "filters/sharpen.h"
 #include "filters/sharpen_edge.h"
+#include "filters/smart_blur.h"
 #include "filters/sobel.h"
 #include "filters/temperature.h"
 #include "filters/user_effect.h"
@@ -205,7 +206,8 @@ constexpr Member kRows[] = {
      .name = "SmartBlur",
      .help = "Blurs flat areas and keeps edges.",
      .parameters = {{"nVal", Long, "radius in pixels, from 1"},
-                    {"Level", Long, "largest contrast that counts as flat, 0 to 255"}}},
+                    {"Level", Long, "largest contrast that counts as flat, 0 to 255"}},
+     .call = filter<&smartBlur>},
     {.id = 0x37,
      .name = "SharpenEdge",
      .help = "Sharpens where there is contrast.",

@@ -21,6 +21,7 @@ struct Mean {
     Quotient quotient;
 
     void startRow(int) {}
+    void finishRow(int, std::uint8_t*) {}
     HWY_INLINE void operator()(SumVector sums, std::size_t lane, std::uint8_t* results) const {
         storeOpaque(quotient(sums), results, lane);
     }
@@ -39,6 +40,7 @@ class CentredMean {
     void startRow(int y) {
         std::memcpy(row_.at(0), source_.row(y), std::size_t(source_.width) * sizeof(Argb));
     }
+    void finishRow(int, std::uint8_t*) {}
     HWY_INLINE void operator()(SumVector sums, std::size_t lane, std::uint8_t* results) const {
         const SumTag d;
         const auto centre = hn::PromoteTo(d, hn::LoadU(SumLevelTag(), row_.at(0) + lane));

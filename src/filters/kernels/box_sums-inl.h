@@ -57,13 +57,15 @@ HWY_INLINE void forEachBoxSumOf(PixelView source, MutablePixelView target, int r
             total, std::size_t(source.width) * kChannels,
             [&](std::size_t lane) HWY_ATTR { return hn::Sub(load(entering + lane), load(leaving + lane)); },
             [&](std::size_t lane, SumVector sums) HWY_ATTR { finish(sums, lane, bytes); });
+        finish.finishRow(y, bytes);
         writer.writeTo(y);
     }
 }
 
 /// Hands the sum of every window of 2 * radius + 1 pixels square, per channel and wrapping at 32 bits, to
 /// finish(SumVector sums, std::size_t lane, std::uint8_t* results), which writes what it makes of them to
-/// results + lane, a vector of bytes even at the row's end. finish.startRow(y) is called before each row.
+/// results + lane, a vector of bytes even at the row's end. finish.startRow(y) is called before each
+/// row, finish.finishRow(y, results) after it.
 /// Pixels beyond an edge repeat the edge pixel.
 template <class Finish>
 HWY_INLINE void forEachBoxSum(PixelView source, MutablePixelView target, int radius, Finish&& finish) {
