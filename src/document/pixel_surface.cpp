@@ -108,4 +108,8 @@ void PixelSurface::markOpaque() noexcept {
     if (!isNull()) buffer_->opacity = Buffer::Opacity::Opaque;
 }
 
+void PixelSurface::takeOpacityFrom(const PixelSurface& other) noexcept {
+    if (!isNull() && !other.isNull()) buffer_->opacity = other.buffer_->opacity;
+}
+
 }  // namespace orvane

@@ -45,6 +45,9 @@ class PixelSurface {
     [[nodiscard]] bool isOpaque() const noexcept;
     /// Tells the surface that what was just written is opaque throughout, which spares it that pass.
     void markOpaque() noexcept;
+    /// Tells the surface that what was just written are the other's pixels, rearranged: what is known of them
+    /// holds here.
+    void takeOpacityFrom(const PixelSurface& other) noexcept;
 
  private:
     struct Buffer;

@@ -1,6 +1,8 @@
 // The picture itself: files, arrays, blank pictures, history, geometry, clipboard.
 #include "base/unicode.h"
 #include "control/members/access.h"
+#include "geometry/rotate_flip.h"
+#include "geometry/scale_image.h"
 
 namespace orvane::members {
 namespace {
@@ -58,6 +60,19 @@ Value historyStep(VistrelControl& control, Arguments) {
     return {};
 }
 
+Value turn(VistrelControl& control, Arguments arguments) {
+    rotateFlip(control.document, arguments[0].number());
+    control.refresh();
+    return {};
+}
+
+Value scale(VistrelControl& control, Arguments arguments) {
+    scaleImage(control.document, arguments[0].real(), arguments[1].real());
+    control.updateToolBounds();
+    control.refresh();
+    return {};
+}
+
 constexpr Member kRows[] = {
     {.id = 0x01,
      .name = "LoadImage",
@@ -92,7 +107,8 @@ constexpr Member kRows[] = {
     {.id = 0x2A,
      .name = "RotateFlip",
      .help = "Turns the picture by quarters and mirrors it.",
-     .parameters = {{"nType", Long, "0 to 3 quarter turns clockwise, plus 4 mirrors left and right"}}},
+     .parameters = {{"nType", Long, "0 to 3 quarter turns clockwise, plus 4 mirrors left and right"}},
+     .call = turn},
     {.id = 0x43, .name = "Copy", .help = "Copies the selection to the clipboard."},
     {.id = 0x44, .name = "Paste", .help = "Places the clipboard's picture as an image stamp."},
     {.id = 0x45, .name = "Cut", .help = "Copies the selection to the clipboard and fills it."},
@@ -100,7 +116,8 @@ constexpr Member kRows[] = {
     {.id = 0x49,
      .name = "ScaleImage",
      .help = "Scales the picture.",
-     .parameters = {{"ScaleX", Double, "factor in width"}, {"ScaleY", Double, "factor in height"}}},
+     .parameters = {{"ScaleX", Double, "factor in width"}, {"ScaleY", Double, "factor in height"}},
+     .call = scale},
     {.id = 0x4C, .name = "Empty", .help = "Drops the picture and its history.", .call = empty},
     {.id = 0x58,
      .name = "NewImage",
