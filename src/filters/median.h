@@ -8,7 +8,7 @@ class ImageDocument;
 /// itself; beyond the picture its edge pixels go on. Specks go, edges stay. The picture becomes opaque.
 ///
 /// radius: pixels, from 0, which keeps the colours; below 0 nothing happens.
-/// Cost per pixel grows up to radius 5 and is about constant from there on.
+/// Cost per pixel grows up to radius 4 and is about constant from there on.
 void median(ImageDocument& document, int radius) noexcept;
 
 }  // namespace orvane

@@ -186,25 +186,6 @@ struct Windows<4> {
     }
 };
 
-template <>
-struct Windows<5> {
-    static constexpr std::size_t kPairRanks = 22, kQuadRanks = 44;
-    static HWY_INLINE void prepare(const RankRows& columns, RankRows pairs, RankRows quads,
-                                   std::size_t count) {
-        mergeNeighbours<11, 0, 22>(columns, 1, pairs, count + 8);
-        mergeNeighbours<22, 0, 44>(pairs, 2, quads, count + 4);
-    }
-    static HWY_INLINE ByteVector median(const RankRows& columns, const RankRows& pairs, const RankRows& quads,
-                                        std::size_t i) {
-        ByteVector wires[44];
-        loadRanks<44>(wires, quads, i);
-        mergeWith<44, 44, 27, 34>(wires, quads, i + 4 * sizeof(Argb));
-        mergeWith<34, 22, 22, 12>(wires, pairs, i + 8 * sizeof(Argb));
-        mergeWith<12, 11, 11, 1>(wires, columns, i + 10 * sizeof(Argb));
-        return wires[0];
-    }
-};
-
 // What all rows of a tile take together should stay in the nearest cache.
 constexpr std::size_t kTileBytes = std::size_t{40} << 10;
 
@@ -310,10 +291,8 @@ void MedianByNetworks(PixelView source, MutablePixelView target, int radius) {
             return medianOfTiles<2>(source, target);
         case 3:
             return medianOfTiles<3>(source, target);
-        case 4:
-            return medianOfTiles<4>(source, target);
         default:
-            return medianOfTiles<5>(source, target);
+            return medianOfTiles<4>(source, target);
     }
 }
 
