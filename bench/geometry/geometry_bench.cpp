@@ -1,8 +1,9 @@
 // Turning and scaling, each with its history step, against OpenCV.
 //
-//     geometry_bench [width height]
+//     geometry_bench [width height [rows that contain this]]
 
 #include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
@@ -66,7 +67,7 @@ bool isRight(const Comparison& comparison, ImageDocument& document, const cv::Ma
     return same;
 }
 
-int run(int width, int height) {
+int run(int width, int height, const char* part) {
     auto pixels = bench::photograph(width, height);
     cv::Mat source(height, width, CV_8UC4, pixels.data());
     ImageDocument document;
@@ -76,6 +77,7 @@ int run(int width, int height) {
     std::printf("%d x %d\n", width, height);
     bench::printRatioHeader();
     for (const Comparison& comparison : kComparisons) {
+        if (part != nullptr && std::strstr(comparison.name, part) == nullptr) continue;
         if (!isRight(comparison, document, source)) {
             std::printf("%s: wrong result\n", comparison.name);
             return 1;
@@ -98,5 +100,6 @@ int run(int width, int height) {
 
 int main(int argc, char** argv) {
     cv::setNumThreads(1);
-    return orvane::run(argc > 2 ? std::atoi(argv[1]) : 4000, argc > 2 ? std::atoi(argv[2]) : 3000);
+    const int width = argc > 2 ? std::atoi(argv[1]) : 4000, height = argc > 2 ? std::atoi(argv[2]) : 3000;
+    return orvane::run(width, height, argc > 3 ? argv[3] : nullptr);
 }
