@@ -16,6 +16,7 @@
 #include "filters/blur_motion.h"
 #include "filters/invert.h"
 #include "filters/motion_reference.h"
+#include "filters/twirl.h"
 #include "support/photograph.h"
 #include "support/pictures.h"
 #include "support/ratio_timer.h"
@@ -114,8 +115,12 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
         motion("rising : filter2D", radius, 3,
                [&source, &target, rising] { cv::filter2D(source, target, -1, rising); });
     }
-    all.push_back({"Twirl 90 : polarToCart, remap", [](ImageDocument& d) { invert(d); }, nullptr,
-                   MapTwist(source, target, 90)});
+    for (int degrees : {90, 720}) {
+        all.push_back({"Twirl " + std::to_string(degrees) + " : polarToCart, remap",
+                       [=](ImageDocument& d) { twirl(d, degrees); },
+                       [=](const Picture& p) { return reference::twirl(p, degrees, ~0u); },
+                       MapTwist(source, target, degrees)});
+    }
     all.push_back({"BlurZoom 40 : warpPolar, blur, back", [](ImageDocument& d) { invert(d); }, nullptr,
                    PolarBlur(source, target, {41, 1})});
     all.push_back({"BlurRadial 20 : warpPolar, blur, back", [](ImageDocument& d) { invert(d); }, nullptr,

@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/graphics/source_over.h"
+
 /// The filters that move or smear pixels along a path, by their definitions alone: every sample is read,
 /// every walk is walked. They define the results; the filters must give the same bytes.
 namespace orvane::reference {
@@ -61,6 +63,25 @@ inline Picture blurMotion(const Picture& source, int radius, int direction) {
             mean.add(source.clamped(x - stepX * reach, y - stepY * reach), radius - reach);
             mean.add(source.clamped(x + stepX * reach, y + stepY * reach), radius - reach);
             target.at(x, y) = mean.value();
+        }
+    }
+    return target;
+}
+
+inline Picture twirl(const Picture& source, int degrees, Argb outside) {
+    const int centreX = source.width / 2, centreY = source.height / 2;
+    const double farthest = std::sqrt(double(centreX) * centreX + double(centreY) * centreY);
+    const double f = degrees / farthest;
+    Picture target = source;
+    for (int y = 0; y < source.height; ++y) {
+        for (int x = 0; x < source.width; ++x) {
+            const double dx = x - centreX, dy = y - centreY;
+            const double angle = std::sqrt(dx * dx + dy * dy) * f * 0.0174532925;
+            const double fromX = centreX + dx * std::cos(angle) - dy * std::sin(angle);
+            const double fromY = centreY + dx * std::sin(angle) + dy * std::cos(angle);
+            const auto sourceX = std::int64_t(fromX), sourceY = std::int64_t(fromY);
+            const Argb word = source.contains(sourceX, sourceY) ? source.at(sourceX, sourceY) : outside;
+            target.at(x, y) = sourceOver(word, source.at(x, y));
         }
     }
     return target;

@@ -28,6 +28,7 @@
 #include "filters/smart_blur.h"
 #include "filters/sobel.h"
 #include "filters/temperature.h"
+#include "filters/twirl.h"
 #include "filters/user_effect.h"
 
 namespace orvane::members {
@@ -254,7 +255,8 @@ constexpr Member kRows[] = {
     {.id = 0x4D,
      .name = "Twirl",
      .help = "Twists the picture about its centre.",
-     .parameters = {{"nVal", Long, "strength; the sign gives the direction"}}},
+     .parameters = {{"nVal", Long, "strength; the sign gives the direction"}},
+     .call = filter<&twirl>},
     {.id = 0x54,
      .name = "GetRHistogram",
      .type = LongArray,
