@@ -14,6 +14,7 @@
 #include <string>
 
 #include "filters/blur_motion.h"
+#include "filters/blur_zoom.h"
 #include "filters/invert.h"
 #include "filters/motion_reference.h"
 #include "filters/twirl.h"
@@ -121,7 +122,9 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
                        [=](const Picture& p) { return reference::twirl(p, degrees, ~0u); },
                        MapTwist(source, target, degrees)});
     }
-    all.push_back({"BlurZoom 40 : warpPolar, blur, back", [](ImageDocument& d) { invert(d); }, nullptr,
+    all.push_back({"BlurZoom 40 : warpPolar, blur, back",
+                   [=](ImageDocument& d) { blurZoom(d, d.width() / 2, d.height() / 2, 40); },
+                   [](const Picture& p) { return reference::blurZoom(p, p.width / 2, p.height / 2, 40); },
                    PolarBlur(source, target, {41, 1})});
     all.push_back({"BlurRadial 20 : warpPolar, blur, back", [](ImageDocument& d) { invert(d); }, nullptr,
                    PolarBlur(source, target, {1, 267})});

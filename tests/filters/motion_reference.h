@@ -87,4 +87,86 @@ inline Picture twirl(const Picture& source, int degrees, Argb outside) {
     return target;
 }
 
+struct Point {
+    std::int64_t x = 0, y = 0;
+    friend bool operator==(const Point& a, const Point& b) { return a.x == b.x && a.y == b.y; }
+};
+
+/// The neighbours of a point in the order in which walks prefer them.
+inline constexpr Point kNeighbours[] = {{0, -1}, {1, -1}, {1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}};
+
+inline Point pathCentre(const Picture& picture, int x, int y) {
+    return {std::min(std::max(x, 1), picture.width - 2), std::min(std::max(y, 1), picture.height - 2)};
+}
+
+/// The walk from a border pixel to the centre along the line between them; empty when they are the same.
+inline std::vector<Point> ray(Point start, Point centre, std::size_t capacity) {
+    const std::int64_t dx = centre.x - start.x, dy = centre.y - start.y, squaredLength = dx * dx + dy * dy;
+    if (squaredLength < 1) return {};
+    std::vector<Point> points{start};
+    while (!(points.back() == centre) && points.size() < capacity) {
+        const Point from = points.back();
+        const std::int64_t toGo = std::abs(centre.x - from.x) + std::abs(centre.y - from.y);
+        std::int64_t nearest = -1;  // distance from the line, times the line's length
+        Point next;
+        for (const Point& step : kNeighbours) {
+            const Point q{from.x + step.x, from.y + step.y};
+            if (std::abs(centre.x - q.x) + std::abs(centre.y - q.y) > toGo) continue;
+            const std::int64_t distance = std::abs(dx * (q.y - start.y) - dy * (q.x - start.x));
+            const bool close =
+                points.size() == 1 ? distance < squaredLength : distance * distance < 4 * squaredLength;
+            if (close && (nearest < 0 || distance < nearest)) {
+                nearest = distance;
+                next = q;
+            }
+        }
+        if (nearest < 0) break;
+        points.push_back(next);
+    }
+    return points;
+}
+
+inline Picture blurZoom(const Picture& source, int x, int y, int strength) {
+    const Point centre = pathCentre(source, x, y);
+    const std::int64_t right = source.width - 1, bottom = source.height - 1;
+    std::int64_t farthest = 0, capacity = 0;
+    for (const Point& corner : {Point{0, 0}, Point{right, 0}, Point{right, bottom}, Point{0, bottom}}) {
+        const std::int64_t dx = corner.x - centre.x, dy = corner.y - centre.y;
+        farthest = std::max(farthest, dx * dx + dy * dy);
+        capacity = std::max({capacity, std::abs(dx) + 1, std::abs(dy) + 1});
+    }
+    std::vector<Point> starts;
+    for (std::int64_t i = 0; i < right; ++i) starts.push_back({i, 0});
+    for (std::int64_t i = 0; i < bottom; ++i) starts.push_back({right, i});
+    for (std::int64_t i = 1; i <= right; ++i) starts.push_back({i, bottom});
+    for (std::int64_t i = 1; i <= bottom; ++i) starts.push_back({0, i});
+
+    Picture target = source;
+    std::vector<bool> visited(source.pixels.size());
+    for (const Point& start : starts) {
+        const std::vector<Point> points = ray(start, centre, std::size_t(capacity));
+        const std::int64_t count = std::int64_t(points.size());
+        for (std::int64_t j = 0; j < count; ++j) {
+            const Point p = points[std::size_t(j)];
+            const std::size_t index = std::size_t(p.y * source.width + p.x);
+            if (visited[index]) continue;
+            visited[index] = true;
+            const double squared =
+                double((p.x - centre.x) * (p.x - centre.x) + (p.y - centre.y) * (p.y - centre.y));
+            const std::int64_t k = std::int64_t(squared / double(farthest) * strength);
+            Mean mean;
+            // From this distance on every sample is an end of the ray.
+            const std::int64_t reach = std::min(k, count);
+            for (std::int64_t i = j - reach; i <= j + reach; ++i) {
+                const Point q = points[std::size_t(std::clamp<std::int64_t>(i, 0, count - 1))];
+                mean.add(source.at(q.x, q.y));
+            }
+            if (k > reach) mean.add(source.at(points[0].x, points[0].y), k - reach);
+            if (k > reach) mean.add(source.at(points.back().x, points.back().y), k - reach);
+            target.at(p.x, p.y) = k < 0 ? 0xFF000000u : mean.value();
+        }
+    }
+    return target;
+}
+
 }  // namespace orvane::reference

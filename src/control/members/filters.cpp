@@ -6,6 +6,7 @@
 #include "filters/average.h"
 #include "filters/blur.h"
 #include "filters/blur_motion.h"
+#include "filters/blur_zoom.h"
 #include "filters/brightness.h"
 #include "filters/contrast.h"
 #include "filters/desaturate.h"
@@ -169,7 +170,8 @@ constexpr Member kRows[] = {
      .help = "Blurs along the rays from a centre, as a zooming lens does.",
      .parameters = {{"nVal", Long, "strength in pixels at the farthest corner"},
                     {"X", Long, "centre in image pixels"},
-                    {"Y", Long, "centre in image pixels"}}},
+                    {"Y", Long, "centre in image pixels"}},
+     .call = filter<&blurZoomAt>},
     {.id = 0x1E,
      .name = "GaussianBlur",
      .help = "Blurs with weights that fall off from the centre.",
