@@ -304,7 +304,7 @@ class Vistrel : public ControlBase {
     void Empty() { call(0x4C, {}); }
 
     /// Twists the picture about its centre.
-    /// nVal: degrees at the corner; the sign gives the direction.
+    /// nVal: strength; the sign gives the direction.
     void Twirl(std::int32_t nVal) { call(0x4D, {nVal}); }
 
     /// Whether the overview panel shows when the picture does not fit. (initially true)

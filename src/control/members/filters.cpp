@@ -45,6 +45,11 @@ Value histogram(VistrelControl& control, Arguments) {
     return Value::Longs(counts->begin(), counts->end());
 }
 
+// The member names the strength first.
+void blurZoomAt(ImageDocument& document, int strength, int x, int y) noexcept {
+    blurZoom(document, x, y, strength);
+}
+
 /// A null array is not even redrawn for.
 Value applyUserEffect(VistrelControl& control, Arguments arguments) {
     if (arguments[0].isNone()) return {};
