@@ -109,16 +109,16 @@ TEST_F(BatchRun, IsRefusedAsAWholeBeforeItStarts) {
     EXPECT_EQ(run({"LoadImage", "a.png", "ImageWidth?"}).out, "LoadImage: true\nImageWidth: 5\n");
 }
 
-/// The first child of a process, once there is one.
-pid_t childOf(pid_t parent) {
+/// The first child of a process other than a former one, once there is one.
+pid_t childOf(pid_t parent, pid_t former = 0) {
     const std::string name =
         "/proc/" + std::to_string(parent) + "/task/" + std::to_string(parent) + "/children";
-    pid_t child = 0;
-    for (int i = 0; i < 500 && child == 0; ++i) {
+    for (int i = 0; i < 500; ++i) {
         ::usleep(10000);
-        std::ifstream(name) >> child;
+        pid_t child = 0;
+        if (std::ifstream(name) >> child && child != former) return child;
     }
-    return child;
+    return 0;
 }
 
 TEST_F(BatchRun, OutlivesAFileThatBringsItsProcessDown) {
@@ -131,6 +131,7 @@ TEST_F(BatchRun, OutlivesAFileThatBringsItsProcessDown) {
     const pid_t child = childOf(id);
     ASSERT_GT(child, 0);
     ASSERT_EQ(::kill(child, SIGKILL), 0);
+    ASSERT_GT(childOf(id, child), 0);  // the bytes must not go to the one that dies
     runInShell("head -c 16 /dev/zero >pipe");
     int status = 0;
     ASSERT_EQ(::waitpid(id, &status, 0), id);
