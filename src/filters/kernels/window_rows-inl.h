@@ -58,84 +58,113 @@ HWY_INLINE LevelVector withOpaqueAlpha(LevelVector levels, [[maybe_unused]] std:
 #endif
 }
 
-/// Runs kernel(window, firstByte) -> LevelVector over a row of a picture.
+/// Runs kernel(window, firstByte) -> LevelVector over a row of a picture, two vectors at a time, so that a
+/// store fills a whole one.
 template <int kReach, class Kernel>
 class WindowRow {
     static constexpr std::size_t kMargin = kReach * kPixelBytes;
-    static constexpr std::size_t kMaxStep = HWY_LANES(std::int16_t);
+    static constexpr std::size_t kMaxPair = std::max<std::size_t>(2 * HWY_LANES(std::int16_t), kPixelBytes);
 
  public:
     explicit WindowRow(const Kernel& kernel) : kernel_(kernel) {}
 
+    /// All full vectors go to aligned places. Those whose windows leave the row, and what is left at its
+    /// ends, are computed from copies.
     template <bool kStreamed>
     HWY_INLINE void run(const Window<kReach>& window, std::uint8_t* HWY_RESTRICT target,
                         std::size_t rowBytes) const {
-        const std::size_t pair = 2 * hn::Lanes(LevelTag());
-        const std::size_t misaligned = reinterpret_cast<std::uintptr_t>(target + kMargin) % pair;
-        std::size_t i = kMargin + (misaligned == 0 ? 0 : pair - misaligned);
-        if (rowBytes < i + pair + kMargin) {
-            runWithEdges(window, target, 0, rowBytes, rowBytes);
-            return;
+        const std::size_t pair = pairBytes();
+        const std::size_t past = reinterpret_cast<std::uintptr_t>(target) % pair;
+        std::size_t i = 0;
+        if (past != 0) i = runPart(window, target, 0, std::min(pair - past, rowBytes), rowBytes);
+        for (; i < kMargin && i + pair <= rowBytes; i += pair) {
+            runEdge<kStreamed>(window, target, i, rowBytes);
         }
-        runWithEdges(window, target, 0, i, rowBytes);
-        for (; i + pair + kMargin <= rowBytes; i += pair) runPair<kStreamed>(window, target, i);
-        runWithEdges(window, target, i, rowBytes, rowBytes);
+        for (; i + pair + kMargin <= rowBytes; i += pair) {
+            for (int row = 0; row < Window<kReach>::kRows; ++row)
+                hwy::Prefetch(window.rows[row] + std::min<std::size_t>(i + 2048, rowBytes - 1));
+            runPair<kStreamed>(window.movedBy(i), i, target + i);
+        }
+        for (; i + pair <= rowBytes; i += pair) runEdge<kStreamed>(window, target, i, rowBytes);
+        if (i < rowBytes) runPart(window, target, i, rowBytes - i, rowBytes);
     }
 
  private:
-    /// Two vectors, so that a store fills a whole one.
+    /// The scalar fallback takes a pixel at a time.
+    static HWY_INLINE std::size_t pairBytes() {
+        return std::max<std::size_t>(2 * hn::Lanes(LevelTag()), kPixelBytes);
+    }
+
+    /// Computes two vectors for an aligned place.
     template <bool kStreamed>
-    HWY_INLINE void runPair(const Window<kReach>& window, std::uint8_t* HWY_RESTRICT target,
-                            std::size_t i) const {
+    HWY_INLINE void runPair(const Window<kReach>& window, std::size_t firstByte,
+                            std::uint8_t* HWY_RESTRICT target) const {
         const LevelTag d;
-        const std::size_t step = hn::Lanes(d);
-        const auto first = kernel_(window.movedBy(i), i);
-        const auto second = kernel_(window.movedBy(i + step), i + step);
 #if HWY_TARGET == HWY_SCALAR
-        hn::StoreU(first, d, target + i);
-        hn::StoreU(second, d, target + i + step);
+        for (std::size_t i = 0; i < pairBytes(); ++i) {
+            hn::Store(kernel_(window.movedBy(i), firstByte + i), d, target + i);
+        }
 #else
+        const std::size_t step = hn::Lanes(d);
         const hn::Twice<LevelTag> whole;
+        const auto first = kernel_(window, firstByte);
+        const auto second = kernel_(window.movedBy(step), firstByte + step);
         const auto both = hn::Combine(whole, second, first);
         if constexpr (kStreamed) {
-            hn::Stream(both, whole, target + i);
+            hn::Stream(both, whole, target);
         } else {
-            hn::Store(both, whole, target + i);
+            hn::Store(both, whole, target);
         }
 #endif
     }
 
-    /// Bytes [first, last) by way of copies whose pixels beyond the picture repeat its edge.
-    HWY_NOINLINE void runWithEdges(const Window<kReach>& window, std::uint8_t* target, std::size_t first,
-                                   std::size_t last, std::size_t rowBytes) const {
-        const LevelTag d;
-        const std::size_t step = hn::Lanes(d);
-        std::uint8_t copies[Window<kReach>::kRows][2 * kMargin + 2 * kMaxStep + kPixelBytes];
-        std::uint8_t results[kMaxStep + kPixelBytes];
-        const std::size_t block = std::max<std::size_t>(step, kPixelBytes);
-        for (; first < last; first += block) {
-            const std::size_t length = std::min(block, last - first);
-            Window<kReach> padded;
-            for (int row = 0; row < Window<kReach>::kRows; ++row) {
-                copyAround(window.rows[row], rowBytes, first, length, copies[row]);
-                padded.rows[row] = copies[row] + kMargin;
-            }
-            for (std::size_t i = 0; i < block; i += step) {
-                hn::StoreU(kernel_(padded.movedBy(i), first + i), d, results + i);
-            }
-            std::memcpy(target + first, results, length);
-        }
+    /// The pair at byte i, whose window leaves the row.
+    template <bool kStreamed>
+    HWY_NOINLINE void runEdge(const Window<kReach>& window, std::uint8_t* target, std::size_t i,
+                              std::size_t rowBytes) const {
+        const PaddedCopy copy(window, i, pairBytes(), rowBytes);
+        runPair<kStreamed>(copy.window(), i, target + i);
     }
 
-    static void copyAround(const std::uint8_t* row, std::size_t rowBytes, std::size_t first,
-                           std::size_t length, std::uint8_t* copy) {
-        const auto lastPixel = static_cast<std::ptrdiff_t>(rowBytes) - kPixelBytes;
-        const auto begin = static_cast<std::ptrdiff_t>(first) - static_cast<std::ptrdiff_t>(kMargin);
-        const auto end = static_cast<std::ptrdiff_t>(first + length + kMargin);
-        for (std::ptrdiff_t at = begin; at < end; at += kPixelBytes, copy += kPixelBytes) {
-            std::memcpy(copy, row + std::clamp<std::ptrdiff_t>(at, 0, lastPixel), kPixelBytes);
-        }
+    /// `length` bytes from byte i on, at most a pair. Returns their end.
+    HWY_NOINLINE std::size_t runPart(const Window<kReach>& window, std::uint8_t* target, std::size_t i,
+                                     std::size_t length, std::size_t rowBytes) const {
+        const PaddedCopy copy(window, i, length, rowBytes);
+        alignas(64) std::uint8_t results[kMaxPair];
+        runPair<false>(copy.window(), i, results);
+        std::memcpy(target + i, results, length);
+        return i + length;
     }
+
+    /// Part of a window's rows, in which the pixels beyond the picture repeat its edge.
+    class PaddedCopy {
+     public:
+        PaddedCopy(const Window<kReach>& window, std::size_t first, std::size_t length,
+                   std::size_t rowBytes) {
+            const std::size_t before = std::min(first, kMargin), begin = first - before;
+            const std::size_t end = std::min(first + length + kMargin, rowBytes);
+            for (int row = 0; row < Window<kReach>::kRows; ++row) {
+                const std::uint8_t* const source = window.rows[row];
+                std::uint8_t* const copy = bytes_[row];
+                for (std::size_t i = before; i < kMargin; i += kPixelBytes) {
+                    std::memcpy(copy + i - before, source, kPixelBytes);
+                }
+                std::memcpy(copy + kMargin - before, source + begin, end - begin);
+                for (std::size_t i = end; i < first + length + kMargin; i += kPixelBytes) {
+                    std::memcpy(copy + i - first + kMargin, source + rowBytes - kPixelBytes, kPixelBytes);
+                }
+            }
+        }
+
+        [[nodiscard]] Window<kReach> window() const {
+            Window<kReach> window;
+            for (int row = 0; row < Window<kReach>::kRows; ++row) window.rows[row] = bytes_[row] + kMargin;
+            return window;
+        }
+
+     private:
+        std::uint8_t bytes_[Window<kReach>::kRows][kMaxPair + 2 * kMargin] = {};
+    };
 
     const Kernel& kernel_;
 };
