@@ -5,11 +5,11 @@
 packages_build=(
     g++ cmake ninja-build pkgconf                # compiler and build tools
     libturbojpeg0-dev libjpeg62-turbo-dev        # JPEG
-    libspng-dev libpng-dev libtiff-dev libgif-dev libwebp-dev
+    libpng-dev libtiff-dev libgif-dev libwebp-dev
     libhwy-dev                                   # vector arithmetic, chosen at run time
 )
 packages_test=(libgtest-dev libgmock-dev)
-packages_bench=(libbenchmark-dev libopencv-dev)  # the peer that speed is compared with
+packages_bench=(libbenchmark-dev libopencv-dev libspng-dev)  # the peers that speed is compared with
 packages_ci=(clang libclang-rt-14-dev clang-format clang-tidy ccache shellcheck git)
 
 say() { printf '\n== %s\n' "$*"; }

@@ -174,8 +174,8 @@ Bytes handMade(std::uint32_t width, std::uint32_t height, std::uint8_t colourTyp
 }
 
 TEST(PngCodec, GivesBackWhatItWrote) {
-    for (int width : {1, 2, 3, 4, 5, 8, 17, 33, 67}) {
-        for (int height : {1, 2, 7, 67}) {
+    for (int width : {1, 2, 5, 67}) {
+        for (int height : {1, 2, 67}) {
             for (bool opaque : {true, false}) {
                 const auto pixels = makeTestPixels(width, height, opaque);
                 const PixelView picture{pixels.data(), width, height, width};
@@ -188,19 +188,26 @@ TEST(PngCodec, GivesBackWhatItWrote) {
     const auto wide = makeTestPixels(40, 9, false);
     const PixelView cutOut{wide.data() + 3, 20, 9, 40};
     EXPECT_TRUE(decodesTo(decodePng, encodePng(cutOut), cutOut));
+    const std::vector<Argb> line(1200000, 0xff102030u);  // beyond a million, the library's own limit
+    for (const PixelView& picture :
+         {PixelView{line.data(), 1200000, 1, 1200000}, PixelView{line.data(), 1, 1200000, 1}})
+        EXPECT_TRUE(decodesTo(decodePng, encodePng(picture), picture)) << picture.width;
     EXPECT_TRUE(encodePng({}).empty());
 }
 
-TEST(PngCodec, WritesFilesThatLibpngReads) {
-    const auto pixels = makeTestPixels(61, 43, false);
-    const Bytes file = encodePng({pixels.data(), 61, 43, 61});
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    ASSERT_TRUE(png_image_begin_read_from_memory(&image, file.data(), file.size()));
-    image.format = PNG_FORMAT_BGRA;
-    std::vector<Argb> read(pixels.size());
-    ASSERT_TRUE(png_image_finish_read(&image, nullptr, read.data(), 0, nullptr));
-    EXPECT_EQ(read, pixels);
+TEST(PngCodec, PacksRepetitionsOfDrawings) {
+    constexpr int kSide = 512;
+    std::vector<Argb> pixels(std::size_t(kSide) * kSide, 0xffffffffu);
+    RandomStream random(5);
+    for (int y = 0; y < kSide; ++y)
+        for (int x = 0; x < 64; ++x)
+            if (random.next() % 8 == 0)
+                for (int copy = x; copy < kSide; copy += 64)
+                    pixels[std::size_t(y) * kSide + std::size_t(copy)] = 0xff203040u;
+    const PixelView picture{pixels.data(), kSide, kSide, kSide};
+    const Bytes file = encodePng(picture);
+    EXPECT_TRUE(decodesTo(decodePng, file, picture));
+    EXPECT_LT(file.size(), std::size_t(kSide) * 64);
 }
 
 TEST(PngCodec, ReadsEveryColourTypeDepthAndInterlacing) {
@@ -229,22 +236,6 @@ TEST(PngCodec, ReadsEveryColourTypeDepthAndInterlacing) {
                             << " x " << size[1] << " interlace " << interlace << " transparency "
                             << transparency;
                     }
-}
-
-TEST(PngCodec, UndoesEveryFilterAtEveryPixelSize) {
-    const int kinds[][2] = {{PNG_COLOR_TYPE_GRAY, 4},       {PNG_COLOR_TYPE_GRAY, 8},
-                            {PNG_COLOR_TYPE_GRAY, 16},      {PNG_COLOR_TYPE_RGB, 8},
-                            {PNG_COLOR_TYPE_RGBA, 8},       {PNG_COLOR_TYPE_RGB, 16},
-                            {PNG_COLOR_TYPE_GRAY_ALPHA, 8}, {PNG_COLOR_TYPE_RGBA, 16}};
-    for (const auto& kind : kinds)
-        for (int filter :
-             {PNG_FILTER_NONE, PNG_FILTER_SUB, PNG_FILTER_UP, PNG_FILTER_AVG, PNG_FILTER_PAETH}) {
-            Recipe recipe = randomRecipe(kind[0], kind[1], 29, 13, false);
-            recipe.filters = filter;
-            const auto expected = meaningOf(recipe);
-            EXPECT_TRUE(decodesTo(decodePng, writtenByLibpng(recipe), {expected.data(), 29, 13, 29}))
-                << "type " << kind[0] << " depth " << kind[1] << " filter " << filter;
-        }
 }
 
 TEST(PngCodec, RefusesEveryFileThatIsCutShort) {
@@ -277,6 +268,8 @@ TEST(PngCodec, WantsIntactCriticalChunksOnly) {
     Bytes note = chunkOf("tEXt", {'a', 0, 'b'});
     note.back() ^= 1;
     EXPECT_TRUE(decodesTo(decodePng, withChunk(note), picture)) << "damaged note";
+    EXPECT_TRUE(decodesTo(decodePng, withChunk(chunkOf("iCCP", {'a', 0, 0, 1, 2})), picture)) << "profile";
+    EXPECT_TRUE(decodesTo(decodePng, withChunk(chunkOf("gAMA", {0, 0, 0x10, 0})), picture)) << "gamma";
     EXPECT_TRUE(decodesTo(decodePng, withChunk(chunkOf("tRNS", {1, 2})), picture)) << "odd transparency";
     EXPECT_FALSE(decodesTo(decodePng, withChunk(chunkOf("ABCD", {})), picture)) << "unknown critical chunk";
     Bytes followed = file;
@@ -296,7 +289,6 @@ TEST(PngCodec, JudgesTheSizeBeforeAskingForMemory) {
         {"more than DEFLATE can hold", 60000, 8000, PNG_COLOR_TYPE_RGBA, 8, Bytes(50)},
         {"beyond the limit", 0x7fffffff, 0x7fffffff, PNG_COLOR_TYPE_GRAY, 1, Bytes(50)},
         {"negative", 0xffffffff, 1, PNG_COLOR_TYPE_GRAY, 1, Bytes(50)},
-        {"one byte short", 4, 4, PNG_COLOR_TYPE_RGB, 8, Bytes(4 * 13 - 1)},
         {"depth 3", 4, 4, PNG_COLOR_TYPE_GRAY, 3, Bytes(4 * 13)},
         {"16-bit palette", 4, 4, PNG_COLOR_TYPE_PALETTE, 16, Bytes(4 * 13)},
         {"colour type 1", 4, 4, 1, 8, Bytes(4 * 13)},
@@ -324,8 +316,10 @@ TEST(PngCodec, TakesOddPictureData) {
         << "indices beyond the palette";
     Bytes badFilter(4 * 13);
     badFilter[13] = 5;
-    RecordingDecodeTarget target;
-    EXPECT_FALSE(decodePng(handMade(4, 4, PNG_COLOR_TYPE_RGB, 8, badFilter), target));
+    for (const Bytes& raw : {badFilter, Bytes(4 * 13 - 1)}) {
+        RecordingDecodeTarget target;
+        EXPECT_FALSE(decodePng(handMade(4, 4, PNG_COLOR_TYPE_RGB, 8, raw), target)) << raw.size() << " bytes";
+    }
 }
 
 }  // namespace
