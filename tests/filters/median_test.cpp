@@ -69,5 +69,23 @@ TEST(Median, NetworksPickTheMiddleOfEveryMixtureOfTwoValues) {
     }
 }
 
+TEST(Median, OfAVeryWidePictureIsThatOfTheTurnedOne) {
+    constexpr int kLength = 40000, kRadius = 9000;
+    const auto wide = randomPicture(2 * kLength, 6u);
+    std::vector<Argb> turned(wide.size()), expected(wide.size());
+    for (std::size_t i = 0; i < kLength; ++i) {
+        turned[2 * i] = wide[i];
+        turned[2 * i + 1] = wide[kLength + i];
+    }
+    std::vector<Argb> medians(wide.size());
+    medianOfWindow({turned.data(), 2, kLength, 2}, {medians.data(), 2, kLength, 2}, kRadius);
+    for (std::size_t i = 0; i < kLength; ++i) {
+        expected[i] = medians[2 * i];
+        expected[kLength + i] = medians[2 * i + 1];
+    }
+    expectMedians(medianOfWindow, wide, kLength, 2, kRadius, expected);
+    expectMedians(medianByHistograms, wide, kLength, 2, kRadius, expected);
+}
+
 }  // namespace
 }  // namespace orvane

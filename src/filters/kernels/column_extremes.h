@@ -26,6 +26,10 @@ class ColumnExtremes {
 
     /// The extremes around the next row, from row 0 on; at most as often as there are rows.
     void nextRow(Argb* target) noexcept;
+    /// The source row that the next call will be the first to read; null after the last one.
+    [[nodiscard]] const Argb* rowAhead() const noexcept {
+        return reached_ + 1 < source_.height ? source_.row(reached_ + 1) : nullptr;
+    }
 
  private:
     [[nodiscard]] const Argb* suffix(int row) noexcept;

@@ -69,6 +69,12 @@ HWY_INLINE hn::Vec<D> opaque(D d, std::size_t i) {
 #endif
 }
 
+// Fetches the cache line that byte i lies in, once when i goes from vector to vector.
+template <class D>
+HWY_INLINE void prefetch(D d, const Argb* row, std::size_t i) {
+    if (row != nullptr && i % 64 < hn::Lanes(d)) hwy::Prefetch(bytesOf(row) + i);
+}
+
 // The extreme of `kSpans` overlapping spans of `span` bytes, the last of which ends with the window.
 template <int kSpans, class Pick>
 struct Spans {
@@ -87,24 +93,30 @@ struct Spans {
 };
 
 template <class Source>
-HWY_INLINE void storeRow(const Source& source, Argb* target, std::size_t count, bool streamed) {
+HWY_INLINE void storeRow(const Source& source, Argb* target, std::size_t count, bool streamed,
+                         const Argb* ahead) {
     std::uint8_t* const bytes = bytesOf(target);
     const Bytes d;
     const std::size_t lanes = hn::Lanes(d), end = count * sizeof(Argb);
     if (!streamed || end < 2 * lanes) {
-        forEachVector(count,
-                      [&](auto tag, std::size_t i) HWY_ATTR { hn::StoreU(source(tag, i), tag, bytes + i); });
+        forEachVector(count, [&](auto tag, std::size_t i) HWY_ATTR {
+            hn::StoreU(source(tag, i), tag, bytes + i);
+            prefetch(tag, ahead, i);
+        });
         return;
     }
     hn::StoreU(source(d, 0), d, bytes);
     std::size_t i = lanes - reinterpret_cast<std::uintptr_t>(bytes) % lanes;
-    for (; i + lanes <= end; i += lanes) hn::Stream(source(d, i), d, bytes + i);
+    for (; i + lanes <= end; i += lanes) {
+        hn::Stream(source(d, i), d, bytes + i);
+        prefetch(d, ahead, i);
+    }
     hn::StoreU(source(d, end - lanes), d, bytes + end - lanes);
 }
 
 template <class Pick>
 HWY_INLINE void slideWith(Pick pick, const Argb* row, Argb* scratch, std::size_t window, Argb* target,
-                          std::size_t count, bool streamed) {
+                          std::size_t count, bool streamed, const Argb* ahead) {
     const Bytes d;
     constexpr std::size_t kWord = sizeof(Argb);
     const std::uint8_t* from = bytesOf(row);
@@ -124,13 +136,13 @@ HWY_INLINE void slideWith(Pick pick, const Argb* row, Argb* scratch, std::size_t
     }
     const std::size_t spanBytes = span * kWord, windowBytes = window * kWord;
     if (window <= span) {
-        storeRow(Spans<1, Pick>{from, spanBytes, windowBytes}, target, count, streamed);
+        storeRow(Spans<1, Pick>{from, spanBytes, windowBytes}, target, count, streamed, ahead);
     } else if (window <= 2 * span) {
-        storeRow(Spans<2, Pick>{from, spanBytes, windowBytes}, target, count, streamed);
+        storeRow(Spans<2, Pick>{from, spanBytes, windowBytes}, target, count, streamed, ahead);
     } else if (window <= 3 * span) {
-        storeRow(Spans<3, Pick>{from, spanBytes, windowBytes}, target, count, streamed);
+        storeRow(Spans<3, Pick>{from, spanBytes, windowBytes}, target, count, streamed, ahead);
     } else {
-        storeRow(Spans<4, Pick>{from, spanBytes, windowBytes}, target, count, streamed);
+        storeRow(Spans<4, Pick>{from, spanBytes, windowBytes}, target, count, streamed, ahead);
     }
 }
 
@@ -157,9 +169,10 @@ void CombineTwice(Extreme extreme, const Argb* row, const Argb* running, Argb* n
 }
 
 void Slide(Extreme extreme, const Argb* row, Argb* scratch, std::size_t window, Argb* target,
-           std::size_t count, bool streamed) {
-    withExtreme(extreme,
-                [=](auto pick) HWY_ATTR { slideWith(pick, row, scratch, window, target, count, streamed); });
+           std::size_t count, bool streamed, const Argb* ahead) {
+    withExtreme(extreme, [=](auto pick) HWY_ATTR {
+        slideWith(pick, row, scratch, window, target, count, streamed, ahead);
+    });
 }
 
 void Subtract(const Argb* a, const Argb* b, Argb* target, std::size_t count) {
@@ -190,8 +203,8 @@ void combineTwice(Extreme extreme, const Argb* row, const Argb* running, Argb* n
 }
 
 void slide(Extreme extreme, const Argb* row, Argb* scratch, std::size_t window, Argb* target,
-           std::size_t count, bool streamed) noexcept {
-    HWY_DYNAMIC_DISPATCH(Slide)(extreme, row, scratch, window, target, count, streamed);
+           std::size_t count, bool streamed, const Argb* ahead) noexcept {
+    HWY_DYNAMIC_DISPATCH(Slide)(extreme, row, scratch, window, target, count, streamed, ahead);
 }
 
 void subtract(const Argb* a, const Argb* b, Argb* target, std::size_t count) noexcept {

@@ -25,8 +25,9 @@ void combineTwice(Extreme extreme, const Argb* row, const Argb* running, Argb* n
 /// target[i] = the extreme of row[i] .. row[i + window - 1], opaque, for i < count. `row` holds count +
 /// window
 /// - 1 words, `scratch` as many; both have kSlack more. `streamed` targets bypass the caches.
+/// `ahead`, unless null, is a row of `count` words to be fetched meanwhile.
 void slide(Extreme extreme, const Argb* row, Argb* scratch, std::size_t window, Argb* target,
-           std::size_t count, bool streamed) noexcept;
+           std::size_t count, bool streamed, const Argb* ahead) noexcept;
 
 /// target[i] = a[i] - b[i] in every channel, where no channel of b exceeds that of a. The target is neither.
 void subtract(const Argb* a, const Argb* b, Argb* target, std::size_t count) noexcept;

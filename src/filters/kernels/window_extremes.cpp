@@ -1,5 +1,7 @@
 #include "filters/kernels/window_extremes.h"
 
+#include <hwy/cache_control.h>
+
 #include <algorithm>
 
 #include "platform/graphics/fill.h"
@@ -7,8 +9,9 @@
 namespace orvane {
 namespace {
 
-// The picture is worked on in tiles of columns, so that a block of rows and its suffixes stay near.
-constexpr std::size_t kNearBytes = std::size_t{768} << 10;
+// The picture is worked on in tiles of columns whose blocks of rows and suffixes stay in the caches. They are
+// as wide as possible, because memory gives whole rows faster than parts.
+constexpr std::size_t kNearBytes = std::size_t{8} << 20;
 constexpr int kLeastTileColumns = 512;
 
 int tileColumns(PixelView source, int radius) {
@@ -31,6 +34,7 @@ void windowExtreme(Extreme extreme, PixelView source, MutablePixelView target, i
         WindowExtremeRows rows(extreme, source, radius, x, std::min(tile, source.width - x));
         for (int y = 0; y < source.height; ++y) rows.nextRow(target.row(y) + x, streamed);
     }
+    if (streamed) hwy::FlushStream();
 }
 
 WindowExtremeRows::Reach::Reach(int width, int radius, int firstColumn, int columnCount) noexcept {
@@ -43,10 +47,12 @@ WindowExtremeRows::Reach::Reach(int width, int radius, int firstColumn, int colu
     leftMargin = std::size_t(begin - from);
     inside = std::size_t(end - begin);
     rightMargin = std::size_t(to - end);
+    constexpr std::size_t kLineWords = 64 / sizeof(Argb);
+    inset = (kLineWords - leftMargin % kLineWords) % kLineWords;
 }
 
 std::size_t WindowExtremeRows::Reach::rowLength() const noexcept {
-    return leftMargin + inside + rightMargin + extreme_rows::kSlack;
+    return inset + leftMargin + inside + rightMargin + extreme_rows::kSlack;
 }
 
 WindowExtremeRows::WindowExtremeRows(Extreme extreme, PixelView source, int radius, int firstColumn,
@@ -59,13 +65,14 @@ WindowExtremeRows::WindowExtremeRows(Extreme extreme, PixelView source, int radi
       scratch_(reach_.rowLength()) {}
 
 void WindowExtremeRows::nextRow(Argb* target, bool streamed) noexcept {
-    Argb* const inside = row_.data() + reach_.leftMargin;
+    Argb* const row = row_.data() + reach_.inset;
+    Argb* const inside = row + reach_.leftMargin;
     columnExtremes_.nextRow(inside);
-    std::fill_n(row_.data(), reach_.leftMargin, inside[0]);
+    std::fill_n(row, reach_.leftMargin, inside[0]);
     // What vectors read beyond the row's end is defined, too.
     std::fill_n(inside + reach_.inside, reach_.rightMargin + extreme_rows::kSlack, inside[reach_.inside - 1]);
-    extreme_rows::slide(extreme_, row_.data(), scratch_.data(), reach_.window, target, columnCount_,
-                        streamed);
+    extreme_rows::slide(extreme_, row, scratch_.data(), reach_.window, target, columnCount_, streamed,
+                        columnExtremes_.rowAhead());
 }
 
 LocalRangeRows::LocalRangeRows(PixelView source, int radius, int firstColumn, int columnCount)

@@ -34,6 +34,7 @@ class WindowExtremeRows {
         [[nodiscard]] std::size_t rowLength() const noexcept;
 
         std::size_t window, leftMargin, inside, rightMargin;
+        std::size_t inset;  ///< of the row in its memory, so that its inside is aligned
         int begin;
     };
 
