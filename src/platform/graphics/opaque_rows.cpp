@@ -2,6 +2,7 @@
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "platform/graphics/opaque_rows.cpp"
+#include <hwy/cache_control.h>
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
@@ -48,7 +49,7 @@ void AverageQuads(const Argb* upper, const Argb* lower, std::size_t count, Argb*
 
 constexpr int kFractionBits = 7;
 
-void WidenRow(const Argb* source, std::size_t count, std::int16_t* target) {
+void WidenRow(const Argb* source, const Argb* ahead, std::size_t count, std::int16_t* target) {
     const hn::ScalableTag<std::int16_t> d;
     const hn::Rebind<ByteLanes, hn::ScalableTag<std::int16_t>> narrow;
     const ByteLanes* bytes = bytesOf(source);
@@ -56,6 +57,7 @@ void WidenRow(const Argb* source, std::size_t count, std::int16_t* target) {
     for (; i + hn::Lanes(d) <= count * 4; i += hn::Lanes(d)) {
         hn::StoreU(hn::ShiftLeft<kFractionBits>(hn::PromoteTo(d, hn::LoadU(narrow, bytes + i))), d,
                    target + i);
+        if (i % 64 < hn::Lanes(d)) hwy::Prefetch(bytesOf(ahead) + i);
     }
     for (; i < count * 4; ++i) target[i] = std::int16_t(bytes[i] << kFractionBits);
 }
@@ -68,8 +70,23 @@ HWY_INLINE V interpolated(V from, V to, V weight) {
 
 void InterpolateRow(const std::int16_t* source, const Neighbours* neighbours, std::size_t count,
                     std::int16_t* target) {
+    std::size_t pixel = 0;
+#if HWY_TARGET != HWY_SCALAR
+    // Two at a time: either load brings a pixel and its right neighbour.
+    const hn::FixedTag<std::int16_t, 8> two;
+    const hn::FixedTag<std::int16_t, 4> one;
+    for (; pixel + 2 <= count; pixel += 2) {
+        const Neighbours *const n = neighbours + pixel, *const next = n + 1;
+        const auto pair = hn::LoadU(two, source + std::size_t(n->first) * 4);
+        const auto nextPair = hn::LoadU(two, source + std::size_t(next->first) * 4);
+        const auto weight = hn::Combine(two, hn::LoadU(one, next->weight), hn::LoadU(one, n->weight));
+        const auto from = hn::ConcatLowerLower(two, nextPair, pair);
+        const auto to = hn::ConcatUpperUpper(two, nextPair, pair);
+        hn::StoreU(interpolated(from, to, weight), two, target + pixel * 4);
+    }
+#endif
     const hn::CappedTag<std::int16_t, 4> d;
-    for (std::size_t pixel = 0; pixel < count; ++pixel) {
+    for (; pixel < count; ++pixel) {
         const Neighbours& n = neighbours[pixel];
         for (std::size_t channel = 0; channel < 4; channel += hn::Lanes(d)) {
             const std::int16_t* from = source + std::size_t(n.first) * 4 + channel;
@@ -81,18 +98,32 @@ void InterpolateRow(const std::int16_t* source, const Neighbours* neighbours, st
 }
 
 void InterpolateBetween(const std::int16_t* upper, const std::int16_t* lower, std::int16_t weight,
-                        std::size_t count, Argb* target) {
+                        std::size_t count, Argb* target, [[maybe_unused]] bool streamed) {
     const hn::ScalableTag<std::int16_t> full;
     const hn::CappedTag<std::int16_t, 4> onePixel;
     ByteLanes* bytes = reinterpret_cast<ByteLanes*>(target);
-    const auto at = [&](auto d, std::size_t i) HWY_ATTR {
+    const auto levels = [&](auto d, std::size_t i) HWY_ATTR {
         const hn::Rebind<ByteLanes, decltype(d)> narrow;
         const auto value = interpolated(hn::LoadU(d, upper + i), hn::LoadU(d, lower + i), hn::Set(d, weight));
         const auto half = hn::Set(d, std::int16_t{1 << (kFractionBits - 1)});
-        hn::StoreU(hn::DemoteTo(narrow, hn::ShiftRight<kFractionBits>(hn::Add(value, half))), narrow,
-                   bytes + i);
+        return hn::DemoteTo(narrow, hn::ShiftRight<kFractionBits>(hn::Add(value, half)));
+    };
+    const auto at = [&](auto d, std::size_t i) HWY_ATTR {
+        hn::StoreU(levels(d, i), hn::Rebind<ByteLanes, decltype(d)>(), bytes + i);
     };
     std::size_t i = 0;
+#if HWY_TARGET != HWY_SCALAR
+    if (streamed) {
+        const hn::ScalableTag<ByteLanes> whole;
+        const std::size_t lanes = hn::Lanes(whole);
+        for (; i < count * 4 && reinterpret_cast<std::uintptr_t>(bytes + i) % lanes != 0; i += 4)
+            at(onePixel, i);
+        for (; i + lanes <= count * 4; i += lanes) {
+            const auto joined = hn::Combine(whole, levels(full, i + lanes / 2), levels(full, i));
+            hn::Stream(joined, whole, bytes + i);
+        }
+    }
+#endif
     for (; i + hn::Lanes(full) <= count * 4; i += hn::Lanes(full)) at(full, i);
     for (; i < count * 4; i += hn::Lanes(onePixel)) at(onePixel, i);
 }
@@ -112,8 +143,8 @@ void averageQuads(const Argb* upper, const Argb* lower, std::size_t count, Argb*
     HWY_DYNAMIC_DISPATCH(AverageQuads)(upper, lower, count, target);
 }
 
-void widenRow(const Argb* source, std::size_t count, std::int16_t* target) noexcept {
-    HWY_DYNAMIC_DISPATCH(WidenRow)(source, count, target);
+void widenRow(const Argb* source, const Argb* ahead, std::size_t count, std::int16_t* target) noexcept {
+    HWY_DYNAMIC_DISPATCH(WidenRow)(source, ahead, count, target);
 }
 
 void interpolateRow(const std::int16_t* source, const Neighbours* neighbours, std::size_t count,
@@ -122,8 +153,8 @@ void interpolateRow(const std::int16_t* source, const Neighbours* neighbours, st
 }
 
 void interpolateBetween(const std::int16_t* upper, const std::int16_t* lower, std::int16_t weight,
-                        std::size_t count, Argb* target) noexcept {
-    HWY_DYNAMIC_DISPATCH(InterpolateBetween)(upper, lower, weight, count, target);
+                        std::size_t count, Argb* target, bool streamed) noexcept {
+    HWY_DYNAMIC_DISPATCH(InterpolateBetween)(upper, lower, weight, count, target, streamed);
 }
 
 }  // namespace orvane::opaque_rows

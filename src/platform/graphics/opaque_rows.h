@@ -17,13 +17,14 @@ struct Neighbours {
     std::int16_t weight[4] = {};  ///< of the next one, below 1, once per channel
 };
 
-/// Bytes to 1/128 levels.
-void widenRow(const Argb* source, std::size_t count, std::int16_t* target) noexcept;
+/// Bytes to 1/128 levels. `ahead` is the row that will be next, to be fetched meanwhile: rows of a tile lie
+/// far apart in memory, where hardware does not foresee them.
+void widenRow(const Argb* source, const Argb* ahead, std::size_t count, std::int16_t* target) noexcept;
 /// Interpolates along a widened row.
 void interpolateRow(const std::int16_t* source, const Neighbours* neighbours, std::size_t count,
                     std::int16_t* target) noexcept;
-/// Interpolates between two rows, by the weight of the lower one, and rounds.
+/// Interpolates between two rows, by the weight of the lower one, and rounds. `streamed`: past the caches.
 void interpolateBetween(const std::int16_t* upper, const std::int16_t* lower, std::int16_t weight,
-                        std::size_t count, Argb* target) noexcept;
+                        std::size_t count, Argb* target, bool streamed) noexcept;
 
 }  // namespace orvane::opaque_rows

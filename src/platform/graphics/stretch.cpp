@@ -1,5 +1,7 @@
 #include "platform/graphics/stretch.h"
 
+#include <hwy/cache_control.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -20,6 +22,9 @@ using stretch_sums::RowSum;
 constexpr int kTargetTile = 512;
 constexpr int kSourceTile = stretch_sums::kMaxRowLength;
 constexpr int kPixelsAfterTail = 2;  // what a footprint may name beyond its first pixel and its whole ones
+
+// Results from this size on leave the caches anyway before anyone reads them.
+constexpr std::size_t kStreamedBytes = std::size_t{24} << 20;
 
 // One call of drawStretched. `part` is the visible part of the destination, in pixels of the destination.
 class Stretcher {
@@ -204,11 +209,14 @@ class Stretcher {
         const int sourceCount = std::min(last + 2, source_.pixels.width) - start;
         std::fill_n(wide + sourceCount * 4, 4, std::int16_t{0});
 
+        const bool streamed = target_.pixelCount() * sizeof(Argb) >= kStreamedBytes;
         int held[2] = {-1, -1};  // the source rows that rows[0] and rows[1] come from
         const auto stretchedRow = [&](int row) {
             const int slot = row & 1;
             if (held[slot] != row) {
-                opaque_rows::widenRow(source_.pixels.row(row) + start, std::size_t(sourceCount), wide);
+                const int next = std::min(row + 1, source_.pixels.height - 1);
+                opaque_rows::widenRow(source_.pixels.row(row) + start, source_.pixels.row(next) + start,
+                                      std::size_t(sourceCount), wide);
                 opaque_rows::interpolateRow(wide, columns, std::size_t(count), rows[slot]);
                 held[slot] = row;
             }
@@ -219,8 +227,10 @@ class Stretcher {
             const std::int16_t weight = fixedWeight(f.tail);
             const std::int16_t* const upper = stretchedRow(f.first);
             const std::int16_t* const lower = weight > 0 ? stretchedRow(f.first + 1) : upper;
-            opaque_rows::interpolateBetween(upper, lower, weight, std::size_t(count), target_.row(y) + x);
+            opaque_rows::interpolateBetween(upper, lower, weight, std::size_t(count), target_.row(y) + x,
+                                            streamed);
         }
+        if (streamed) hwy::FlushStream();
     }
 
     StretchSource source_;
