@@ -14,6 +14,7 @@
 #include <string>
 
 #include "filters/blur_motion.h"
+#include "filters/blur_radial.h"
 #include "filters/blur_zoom.h"
 #include "filters/invert.h"
 #include "filters/motion_reference.h"
@@ -126,7 +127,9 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
                    [=](ImageDocument& d) { blurZoom(d, d.width() / 2, d.height() / 2, 40); },
                    [](const Picture& p) { return reference::blurZoom(p, p.width / 2, p.height / 2, 40); },
                    PolarBlur(source, target, {41, 1})});
-    all.push_back({"BlurRadial 20 : warpPolar, blur, back", [](ImageDocument& d) { invert(d); }, nullptr,
+    all.push_back({"BlurRadial 20 : warpPolar, blur, back",
+                   [=](ImageDocument& d) { blurRadial(d, d.width() / 2, d.height() / 2, 20); },
+                   [](const Picture& p) { return reference::blurRadial(p, p.width / 2, p.height / 2, 20); },
                    PolarBlur(source, target, {1, 267})});
     return all;
 }

@@ -169,4 +169,76 @@ inline Picture blurZoom(const Picture& source, int x, int y, int strength) {
     return target;
 }
 
+/// The walk round a centre from the point to its left, which comes last.
+inline std::vector<Point> ring(int radius, Point centre, std::size_t capacity) {
+    const Point start{centre.x - radius, centre.y};
+    std::vector<Point> points;
+    if (radius == 1) {
+        for (const Point& step : kNeighbours) points.push_back({start.x + step.x, start.y + step.y});
+        return points;
+    }
+    Point from = start;
+    do {
+        const Point p{from.x - centre.x, from.y - centre.y};
+        std::int64_t nearest = -1;  // difference from the squared radius
+        for (const Point& step : kNeighbours) {
+            const Point q{p.x + step.x, p.y + step.y};
+            if (p.x * q.y - p.y * q.x <= 0) continue;
+            const std::int64_t off = std::abs(q.x * q.x + q.y * q.y - std::int64_t(radius) * radius);
+            if (nearest < 0 || off < nearest) {
+                nearest = off;
+                from = {centre.x + q.x, centre.y + q.y};
+            }
+        }
+        points.push_back(from);
+    } while (!(from == start) && points.size() < capacity);
+    return points;
+}
+
+inline Picture blurRadial(const Picture& source, int x, int y, int angle) {
+    const Point centre = pathCentre(source, x, y);
+    const double halfAngle = (angle / 2) * 0.0174532925;
+    const double a = double(std::max(std::abs(centre.x + 1), std::abs(source.width - centre.x)));
+    const double b = double(std::max(std::abs(centre.y + 1), std::abs(source.height - centre.y)));
+    const int lastRadius = int(std::sqrt(a * a + b * b));
+
+    Picture smeared = source;
+    std::vector<bool> visited(source.pixels.size());
+    for (int radius = 1; radius <= lastRadius; ++radius) {
+        const std::vector<Point> points = ring(radius, centre, std::size_t(6 * radius + 16));
+        const std::int64_t count = std::int64_t(points.size());
+        const std::int64_t k = std::int64_t(radius * halfAngle), turns = std::max<std::int64_t>(k, 0) / count;
+        // Each whole turn of the window to either side meets every point once.
+        Mean wholeTurns;
+        for (const Point& p : points) wholeTurns.add(source.clamped(p.x, p.y), 2 * turns);
+        for (std::int64_t j = 0; j < count; ++j) {
+            const Point p = points[std::size_t(j)];
+            if (!source.contains(p.x, p.y) || visited[std::size_t(p.y * source.width + p.x)]) continue;
+            visited[std::size_t(p.y * source.width + p.x)] = true;
+            Mean mean = wholeTurns;
+            const std::int64_t reach = k - turns * count;
+            for (std::int64_t i = -reach; i <= reach; ++i) {
+                const Point q = points[std::size_t(((j + i) % count + count) % count)];
+                mean.add(source.clamped(q.x, q.y));
+            }
+            smeared.at(p.x, p.y) = k < 0 ? 0xFF000000u : mean.value();
+        }
+    }
+
+    Picture target = smeared;
+    for (int py = 0; py < source.height; ++py) {
+        for (int px = 0; px < source.width; ++px) {
+            if (visited[std::size_t(py) * std::size_t(source.width) + std::size_t(px)]) continue;
+            Mean mean;
+            for (int dx = -2; dx <= 2; ++dx) {
+                for (int dy = -2; dy <= 2; ++dy) {
+                    mean.add(smeared.clamped(px + dx, py + dy), dx == 0 && dy == 0 ? 1 : 3);
+                }
+            }
+            target.at(px, py) = mean.value();
+        }
+    }
+    return target;
+}
+
 }  // namespace orvane::reference

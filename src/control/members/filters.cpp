@@ -6,6 +6,7 @@
 #include "filters/average.h"
 #include "filters/blur.h"
 #include "filters/blur_motion.h"
+#include "filters/blur_radial.h"
 #include "filters/blur_zoom.h"
 #include "filters/brightness.h"
 #include "filters/contrast.h"
@@ -193,7 +194,8 @@ constexpr Member kRows[] = {
      .help = "Blurs along circles about a centre, as a turning camera does.",
      .parameters = {{"X", Long, "centre in image pixels"},
                     {"Y", Long, "centre in image pixels"},
-                    {"Angle", Long, "arc in degrees"}}},
+                    {"Angle", Long, "arc in degrees"}},
+     .call = filter<&blurRadial>},
     {.id = 0x28,
      .name = "Sobel",
      .help = "Shows where brightness rises in one direction.",

@@ -31,13 +31,12 @@ constexpr int kMaxMeanCount = 8191;
 
 using SumTag = hn::FixedTag<std::uint32_t, 4>;
 
-/// before[i] becomes the sum of the first i of the pixels at `places`, for i = 0..count.
+/// before[i] becomes before[0] and the first i of the pixels at `places`, for i = 1..count.
 HWY_INLINE void addUp(const Argb* HWY_RESTRICT pixels, const std::int32_t* HWY_RESTRICT places,
                       std::size_t count, PixelSums* HWY_RESTRICT before) {
     const SumTag d;
     const hn::FixedTag<std::uint8_t, 4> bytes;
-    auto sums = hn::Zero(d);
-    hn::Store(sums, d, before[0].channels);
+    auto sums = hn::Load(d, before[0].channels);
     for (std::size_t i = 0; i < count; ++i) {
         const auto* pixel = reinterpret_cast<const std::uint8_t*>(pixels + places[i]);
         sums = hn::Add(sums, hn::PromoteTo(d, hn::LoadU(bytes, pixel)));
@@ -63,7 +62,6 @@ HWY_INLINE Argb meanOf(const PixelSums& from, const PixelSums& to, int count) {
 #else
 
 HWY_INLINE void addUp(const Argb* pixels, const std::int32_t* places, std::size_t count, PixelSums* before) {
-    before[0] = {};
     for (std::size_t i = 0; i < count; ++i) {
         const Argb pixel = pixels[places[i]];
         const std::uint32_t(&sums)[4] = before[i].channels;

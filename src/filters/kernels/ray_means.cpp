@@ -29,7 +29,7 @@ class RayMeans {
         farthest_ = right * right + down * down;
         const std::size_t points = std::size_t(std::max(right, down)) + 1;
         places_.resize(points);
-        before_.resize(points + 1);
+        before_.resize(points + 1);  // the first is no sum at all and stays 0
         fresh_.resize(points);
         reaches_.resize(points);
     }
