@@ -40,23 +40,6 @@ TEST(DigitalRing, IsTheWalkRoundTheCentre) {
     }
 }
 
-TEST(DigitalRing, CoversThePixelsOfAllRings) {
-    constexpr int kRadius = 200;
-    bool covered[kRadius][kRadius] = {};
-    DigitalRing ring;
-    for (int radius = 2; radius < 2 * kRadius; ++radius) {
-        ring.trace(radius);
-        for (std::size_t i = 0; i < ring.up.size(); ++i) {
-            if (ring.up[i] < kRadius && ring.across[i] < kRadius) covered[ring.up[i]][ring.across[i]] = true;
-        }
-    }
-    for (int up = 1; up < kRadius; ++up) {
-        for (int across = 0; across < kRadius; ++across) {
-            ASSERT_EQ(DigitalRing::covers(across, up), covered[up][across]) << across << ", " << up;
-        }
-    }
-}
-
 TEST(BlurRadial, IsTheMeanAlongTheRingsAtEverySize) {
     const int angles[] = {0, 1, 20, 90, 359, -90, 720};
     for (int width = 2; width <= 70; ++width) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cmath>
 #include <cstdint>
 #include <vector>
 
@@ -34,14 +33,6 @@ class DigitalRing {
         }
         across.push_back(0);
         up.push_back(radius);
-    }
-
-    /// Whether a pixel at distances `a` and `t` along the axes is on some ring.
-    static bool covers(double a, double t) {
-        const double longer = a > t ? a : t, shorter = a > t ? t : a;
-        const double outer = shorter * shorter + longer * longer + longer, inner = outer - 2 * longer;
-        const double radius = std::floor(std::sqrt(outer));
-        return radius >= 2 && radius * radius > inner;
     }
 
     /// The points of the first quarter: distances to the left of the centre and above it.

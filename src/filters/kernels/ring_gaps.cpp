@@ -6,10 +6,9 @@
 #include <hwy/highway.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <vector>
-
-#include "filters/kernels/digital_ring.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace orvane {
@@ -34,7 +33,7 @@ class RingGaps {
         for (auto& row : gaps_) row.resize(width_ + kVectorRoom);
         even_.resize(width_ + 2 * kReach + kVectorRoom);
         odd_.resize(width_ + 2 * kReach + kVectorRoom);
-        half_.resize(std::size_t(std::max(centre.x, source.width - 1 - centre.x)) + 1);
+        half_.resize(std::size_t(std::max(centre.x, source.width - 1 - centre.x)) + 1 + kVectorRoom);
     }
 
     void run() {
@@ -65,10 +64,8 @@ class RingGaps {
 
     // All bits set where a pixel of the row is on no ring.
     void findGaps(int y) {
-        const double up = std::abs(y - centre_.y);
-        Argb* HWY_RESTRICT half = half_.data();
-        const int count = int(half_.size());
-        for (int i = 0; i < count; ++i) half[i] = DigitalRing::covers(double(i), up) ? 0u : ~0u;
+        findHalf(std::abs(y - centre_.y));
+        const auto half = half_.begin();
         Argb* const gaps = gapsOf(y).data();
         std::reverse_copy(half, half + centre_.x + 1, gaps);
         std::copy(half, half + (source_.width - centre_.x), gaps + centre_.x);
@@ -79,23 +76,45 @@ class RingGaps {
         }
     }
 
-    // Sums of five rows, for all columns and two more at each end.
-    void addColumns(int y) {
+    // The gaps of a row to one side of the centre. A pixel at the distances m >= t along the axes is on the
+    // ring of a radius r when m * m - m < r * r - t * t <= m * m + m, which holds for one radius at most.
+    HWY_NOINLINE void findHalf(int up) {
+        const hn::ScalableTag<double> d;
+        const hn::Rebind<std::int32_t, decltype(d)> d32;
+        const auto away = hn::Set(d, double(up));
+        for (std::size_t i = 0; i + hn::Lanes(d) <= half_.size(); i += hn::Lanes(d)) {
+            const auto across = hn::Iota(d, double(i));
+            const auto longer = hn::Max(across, away), shorter = hn::Min(across, away);
+            const auto squares = hn::Add(hn::Mul(longer, longer), hn::Mul(shorter, shorter));
+            const auto radius = hn::Floor(hn::Sqrt(hn::Add(squares, longer)));
+            const auto covered = hn::And(hn::Ge(radius, hn::Set(d, 2.0)),
+                                         hn::Gt(hn::Mul(radius, radius), hn::Sub(squares, longer)));
+            const auto gaps = hn::IfThenElseZero(hn::Not(covered), hn::Set(d, -1.0));
+            hn::StoreU(hn::DemoteTo(d32, gaps), d32, half_.data() + i);
+        }
+    }
+
+    // Sums of five rows, for all columns and two more at each end. Rows and sums have room for whole vectors.
+    HWY_NOINLINE void addColumns(int y) {
         const Argb* rows[kRows];
         for (int i = 0; i < kRows; ++i) {
             rows[i] = rowOf(std::clamp(y + i - kReach, 0, source_.height - 1)).data();
         }
-        Argb* HWY_RESTRICT even = even_.data() + kReach;
-        Argb* HWY_RESTRICT odd = odd_.data() + kReach;
-        const Argb *r0 = rows[0], *r1 = rows[1], *r2 = rows[2], *r3 = rows[3], *r4 = rows[4];
-        for (std::size_t x = 0; x < width_; ++x) {
-            const Argb a = r0[x], b = r1[x], c = r2[x], d = r3[x], e = r4[x];
-            even[x] =
-                (a & kEvenBytes) + (b & kEvenBytes) + (c & kEvenBytes) + (d & kEvenBytes) + (e & kEvenBytes);
-            odd[x] = ((a >> 8) & kEvenBytes) + ((b >> 8) & kEvenBytes) + ((c >> 8) & kEvenBytes) +
-                     ((d >> 8) & kEvenBytes) + ((e >> 8) & kEvenBytes);
+        Argb* HWY_RESTRICT const even = even_.data() + kReach;
+        Argb* HWY_RESTRICT const odd = odd_.data() + kReach;
+        const hn::ScalableTag<Argb> d;
+        const auto bytes = hn::Set(d, kEvenBytes);
+        for (std::size_t x = 0; x < width_; x += hn::Lanes(d)) {
+            auto evenSum = hn::Zero(d), oddSum = hn::Zero(d);
+            for (const Argb* const row : rows) {
+                const auto pixels = hn::LoadU(d, row + x);
+                evenSum = hn::Add(evenSum, hn::And(pixels, bytes));
+                oddSum = hn::Add(oddSum, hn::And(hn::ShiftRight<8>(pixels), bytes));
+            }
+            hn::StoreU(evenSum, d, even + x);
+            hn::StoreU(oddSum, d, odd + x);
         }
-        for (Argb* sums : {even, odd}) {
+        for (Argb* const sums : {even, odd}) {
             std::fill_n(sums - kReach, kReach, sums[0]);
             std::fill_n(sums + width_, kReach, sums[width_ - 1]);
         }
@@ -152,8 +171,8 @@ class RingGaps {
     IntPoint centre_;
     std::size_t width_;
     std::vector<Argb> rows_[kRows], gaps_[kRows];
-    std::vector<Argb> even_, odd_;  // sums of columns, kReach before the first one
-    std::vector<Argb> half_;        // gaps to one side of the centre
+    std::vector<Argb> even_, odd_;    // sums of columns, kReach before the first one
+    std::vector<std::int32_t> half_;  // gaps to one side of the centre
 };
 
 }  // namespace
