@@ -4,28 +4,19 @@
 #include <type_traits>
 #include <vector>
 
+#include "filters/kernels/box_mean.h"
+
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "filters/kernels/box_blur.cpp"
 #include <hwy/foreach_target.h>
 
-#include "filters/kernels/box_sums-inl.h"
+#include "filters/kernels/box_means-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace orvane {
 namespace HWY_NAMESPACE {
 
 namespace {
-
-template <class Quotient>
-struct Mean {
-    Quotient quotient;
-
-    void startRow(int) {}
-    void finishRow(int, std::uint8_t*) {}
-    HWY_INLINE void operator()(SumVector sums, std::size_t lane, std::uint8_t* results) const {
-        storeOpaque(quotient(sums), results, lane);
-    }
-};
 
 /// The centre is in the sum once already; its extra weight comes on top.
 template <class Quotient>
@@ -58,10 +49,7 @@ class CentredMean {
 }  // namespace
 
 void boxBlur(PixelView source, MutablePixelView target, int radius) {
-    const std::int32_t side = 2 * radius + 1;
-    withMeanQuotient(side * side, [&](const auto& quotient) HWY_ATTR {
-        forEachBoxSum(source, target, radius, Mean<std::decay_t<decltype(quotient)>>{quotient});
-    });
+    forEachBoxMean(source, target, radius, [](int, std::uint8_t*) {});
 }
 
 void centredBox(PixelView source, MutablePixelView target, std::int32_t extraWeight, std::int32_t divisor,
@@ -83,9 +71,6 @@ HWY_EXPORT(boxBlur);
 HWY_EXPORT(centredBox);
 
 namespace {
-
-/// Beyond this radius the sum of a window no longer fits 31 bits.
-constexpr int kMaxVectorRadius = 1450;
 
 /// Windows of any radius, one channel of one pixel after the other. The sum of a window may need 72 bits; in
 /// units of its side n plus a rest it takes twice 64: each column's sum is such a pair, so are their sums,
@@ -154,7 +139,7 @@ class VastBoxBlur {
 }  // namespace
 
 void boxBlurPixels(PixelView source, MutablePixelView target, int radius) {
-    if (radius <= kMaxVectorRadius) {
+    if (radius <= kMaxMeanRadius) {
         HWY_DYNAMIC_DISPATCH(boxBlur)(source, target, radius);
         return;
     }

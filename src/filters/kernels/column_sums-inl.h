@@ -22,6 +22,8 @@ namespace HWY_NAMESPACE {
 constexpr std::size_t kChannels = 4;
 /// Rows of lanes are this much longer than their pixels, so that the last vector needs no special case.
 constexpr std::size_t kLaneSlack = 64;
+/// Rows lie far apart, and some have left the nearest cache: so far ahead they are asked for.
+constexpr std::size_t kPrefetchBytes = 2048;
 
 /// Lanes for a row of pixels, four per pixel, and for some pixels before and after it.
 template <class Lane>
@@ -140,7 +142,12 @@ class ColumnSums {
         const Tag whole;
         const hn::CappedTag<Sum, kChannels> onePixel;
         std::size_t i = 0;
-        for (; i + hn::Lanes(whole) <= count; i += hn::Lanes(whole)) exchange(whole, i);
+        for (; i + hn::Lanes(whole) <= count; i += hn::Lanes(whole)) {
+            const std::size_t ahead = std::min(i + kPrefetchBytes, count - 1);
+            hwy::Prefetch(entering + ahead);
+            hwy::Prefetch(leaving + ahead);
+            exchange(whole, i);
+        }
         for (; i < count; i += hn::Lanes(onePixel)) exchange(onePixel, i);
     }
 

@@ -53,6 +53,20 @@ class SpreadCounts {
     LevelCounts tables_[kTables] = {};
 };
 
+template <int kShift>
+LevelCounts countByte(const Argb* pixels, std::size_t count) {
+    constexpr std::size_t kTables = 8;
+    SpreadCounts<kTables> counts;
+    std::size_t i = 0;
+    for (; i + kTables <= count; i += kTables) {
+        for (std::size_t table = 0; table < kTables; ++table) {
+            counts.count(table, (pixels[i + table] >> kShift) & 255u);
+        }
+    }
+    for (; i < count; ++i) counts.count(0, (pixels[i] >> kShift) & 255u);
+    return counts.total();
+}
+
 std::uint64_t loadEightBytes(const void* memory) {
     std::uint64_t bytes;
     std::memcpy(&bytes, memory, sizeof bytes);
@@ -62,16 +76,9 @@ std::uint64_t loadEightBytes(const void* memory) {
 }  // namespace
 
 LevelCounts countChannel(const Argb* pixels, std::size_t count, int shift) noexcept {
-    SpreadCounts<4> counts;
-    std::size_t i = 0;
-    for (; i + 4 <= count; i += 4) {
-        counts.count(0, (pixels[i] >> shift) & 255u);
-        counts.count(1, (pixels[i + 1] >> shift) & 255u);
-        counts.count(2, (pixels[i + 2] >> shift) & 255u);
-        counts.count(3, (pixels[i + 3] >> shift) & 255u);
-    }
-    for (; i < count; ++i) counts.count(0, (pixels[i] >> shift) & 255u);
-    return counts.total();
+    return shift == 16  ? countByte<16>(pixels, count)
+           : shift == 8 ? countByte<8>(pixels, count)
+                        : countByte<0>(pixels, count);
 }
 
 ChannelCounts countChannels(const Argb* pixels, std::size_t count) noexcept {
@@ -93,14 +100,14 @@ ChannelCounts countChannels(const Argb* pixels, std::size_t count) noexcept {
 LevelCounts countLuma(const Argb* pixels, std::size_t count) noexcept {
     constexpr std::size_t kChunk = 4096;
     std::uint8_t levels[kChunk];
-    SpreadCounts<4> counts;
+    SpreadCounts<8> counts;
     for (std::size_t start = 0; start < count; start += kChunk) {
         const std::size_t length = std::min(kChunk, count - start);
         HWY_DYNAMIC_DISPATCH(lumaLevels)(pixels + start, levels, length);
         std::size_t i = 0;
         for (; i + 8 <= length; i += 8) {
             std::uint64_t eight = loadEightBytes(levels + i);
-            for (std::size_t byte = 0; byte < 8; ++byte, eight >>= 8) counts.count(byte % 4, eight & 255u);
+            for (std::size_t byte = 0; byte < 8; ++byte, eight >>= 8) counts.count(byte, eight & 255u);
         }
         for (; i < length; ++i) counts.count(0, levels[i]);
     }

@@ -9,7 +9,7 @@
 #define HWY_TARGET_INCLUDE "filters/kernels/flat_box_blur.cpp"
 #include <hwy/foreach_target.h>
 
-#include "filters/kernels/box_sums-inl.h"
+#include "filters/kernels/box_means-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace orvane {
@@ -20,22 +20,15 @@ bool isFlat(Argb ranges, unsigned level) {
     return std::min({redOf(ranges), greenOf(ranges), blueOf(ranges)}) <= level;
 }
 
-/// Means of a row, then the source's words again where the window is not flat.
-template <class Quotient>
-class FlatMean {
+/// Puts the source's words back into a row of means where the window is not flat.
+class UnflatPixels {
  public:
-    FlatMean(const Quotient& quotient, PixelView source, int radius, int level)
-        : quotient_(quotient),
-          source_(source),
+    UnflatPixels(PixelView source, int radius, int level)
+        : source_(source),
           level_(static_cast<std::uint8_t>(level)),
           ranges_(source, radius, 0, source.width) {}
 
-    void startRow(int) {}
-    HWY_INLINE void operator()(SumVector sums, std::size_t lane, std::uint8_t* results) const {
-        storeOpaque(quotient_(sums), results, lane);
-    }
-
-    void finishRow(int y, std::uint8_t* results) {
+    void operator()(int y, std::uint8_t* results) {
         const Argb* HWY_RESTRICT ranges = ranges_.nextRow();
         const Argb* HWY_RESTRICT row = source_.row(y);
         auto* HWY_RESTRICT pixels = reinterpret_cast<Argb*>(results);
@@ -66,7 +59,6 @@ class FlatMean {
     }
 #endif
 
-    Quotient quotient_;
     PixelView source_;
     std::uint8_t level_;
     LocalRangeRows ranges_;
@@ -74,11 +66,8 @@ class FlatMean {
 
 }  // namespace
 
-void blurFlat(PixelView source, MutablePixelView target, int radius, int level, std::int32_t divisor) {
-    withByteQuotient(divisor, [&](const auto& quotient) HWY_ATTR {
-        forEachBoxSum(source, target, radius,
-                      FlatMean<std::decay_t<decltype(quotient)>>(quotient, source, radius, level));
-    });
+void blurFlat(PixelView source, MutablePixelView target, int radius, int level) {
+    forEachBoxMean(source, target, radius, UnflatPixels(source, radius, level));
 }
 
 }  // namespace HWY_NAMESPACE
@@ -96,8 +85,7 @@ void blurFlatPixels(PixelView source, MutablePixelView target, int radius, int l
     } else if (level < 0) {
         for (int y = 0; y < source.height; ++y) std::copy_n(source.row(y), source.width, target.row(y));
     } else {
-        const auto side = 2 * static_cast<std::uint32_t>(radius) + 1;
-        HWY_DYNAMIC_DISPATCH(blurFlat)(source, target, radius, level, static_cast<std::int32_t>(side * side));
+        HWY_DYNAMIC_DISPATCH(blurFlat)(source, target, radius, level);
     }
 }
 
