@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
+#include <string>
 
+#include "filters/kernels/median_window.h"
+#include "filters/kernels/window_extremes.h"
 #include "filters/maximal.h"
 #include "filters/median.h"
 #include "filters/minimal.h"
@@ -95,6 +99,41 @@ TEST(RankFilters, RefuseNegativeRadii) {
             EXPECT_FALSE(document.modified || document.undoEnabled()) << filter.name;
             filter.run(empty, 1);
             EXPECT_TRUE(empty.isEmpty() && !empty.modified) << filter.name;
+        }
+    }
+}
+
+/// Large pictures are written around the caches. Cut into bands that overlap by the radius, they are not.
+TEST(RankFilters, DoTheSameToLargePicturesAndToTheirParts) {
+    constexpr int kWidth = 2801, kHeight = 2401, kBand = 800;
+    const auto picture = test::randomPicture(std::size_t(kWidth) * kHeight, 9u);
+    const PixelView source{picture.data(), kWidth, kHeight, kWidth};
+    const struct {
+        const char* name;
+        void (*run)(PixelView, MutablePixelView, int);
+        int radius;
+    } rows[] = {
+        {"minimum",
+         [](PixelView s, MutablePixelView t, int radius) { windowExtreme(Extreme::Minimum, s, t, radius); },
+         2},
+        {"maximum",
+         [](PixelView s, MutablePixelView t, int radius) { windowExtreme(Extreme::Maximum, s, t, radius); },
+         20},
+        {"median, small", medianOfWindow, 1},
+        {"median, large", medianOfWindow, 9},
+    };
+    std::vector<Argb> whole(picture.size()), part(picture.size());
+    for (const auto& row : rows) {
+        row.run(source, {whole.data(), kWidth, kHeight, kWidth}, row.radius);
+        for (int y = 0; y < kHeight; y += kBand) {
+            const int top = std::max(y - row.radius, 0);
+            const int bottom = std::min(y + kBand + row.radius, kHeight);
+            const MutablePixelView band{part.data(), kWidth, bottom - top, kWidth};
+            row.run({source.row(top), kWidth, bottom - top, kWidth}, band, row.radius);
+            const int count = std::min(kBand, kHeight - y);
+            const Argb* const expected = band.row(y - top);
+            EXPECT_TRUE(std::equal(expected, expected + count * kWidth, whole.data() + y * kWidth))
+                << row.name << ", rows from " << y;
         }
     }
 }

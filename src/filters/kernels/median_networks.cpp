@@ -189,6 +189,9 @@ struct Windows<4> {
 // What all rows of a tile take together should stay in the nearest cache.
 constexpr std::size_t kTileBytes = std::size_t{40} << 10;
 
+// Results from this size on leave the caches anyway before anyone reads them.
+constexpr std::size_t kStreamedBytes = std::size_t{24} << 20;
+
 /// The medians of `count` columns from `first` on, for all rows.
 template <int kRadius>
 class MedianTile {
@@ -200,11 +203,12 @@ class MedianTile {
 
     static int columns() {
         const std::size_t words = kTileBytes / (kRows * sizeof(Argb));
-        return int(words / 64 * 64) - 2 * kRadius;
+        return int((words - 2 * kRadius) / 16 * 16);  // tiles begin where cache lines do
     }
 
     MedianTile(PixelView source, int widest)
         : source_(source),
+          streamed_(source.pixelCount() * sizeof(Argb) >= kStreamedBytes),
           // Each stage runs in whole vectors and reads what lies to the right of where it writes.
           rowLength_(std::size_t(widest) + 2 * kRadius + 2 * hn::Lanes(Bytes()) + 2 * kSide),
           memory_(rowLength_ * kRows) {
@@ -226,6 +230,7 @@ class MedianTile {
             Windows<kRadius>::prepare(columns, pairs, quads, width);
             writeRow(columns, pairs, quads, target.row(y) + first, width);
         }
+        if (streamed_) hwy::FlushStream();
     }
 
  private:
@@ -245,18 +250,26 @@ class MedianTile {
         for (int x = begin; x < end; x += 16) hwy::Prefetch(source_.row(y + 1) + x);
     }
 
-    static void writeRow(const RankRows& columns, const RankRows& pairs, const RankRows& quads, Argb* target,
-                         std::size_t count) {
+    void writeRow(const RankRows& columns, const RankRows& pairs, const RankRows& quads, Argb* target,
+                  std::size_t count) const {
         const Bytes d;
         const std::size_t lanes = hn::Lanes(d), end = count * sizeof(Argb);
         auto* const bytes = reinterpret_cast<std::uint8_t*>(target);
+        const auto medians = [&](std::size_t i) HWY_ATTR {
+            return opaque(Windows<kRadius>::median(columns, pairs, quads, i), i);
+        };
         std::size_t i = 0;
-        for (; i + lanes <= end; i += lanes) {
-            hn::StoreU(opaque(Windows<kRadius>::median(columns, pairs, quads, i), i), d, bytes + i);
+        if (streamed_ && end >= 2 * lanes) {
+            const std::size_t past = reinterpret_cast<std::uintptr_t>(bytes) % lanes;
+            if (past != 0) hn::StoreU(medians(0), d, bytes);
+            for (i = (lanes - past) % lanes; i + lanes <= end; i += lanes)
+                hn::Stream(medians(i), d, bytes + i);
+        } else {
+            for (; i + lanes <= end; i += lanes) hn::StoreU(medians(i), d, bytes + i);
         }
         if (i == end) return;
         HWY_ALIGN std::uint8_t rest[hn::MaxLanes(Bytes())];
-        hn::Store(opaque(Windows<kRadius>::median(columns, pairs, quads, i), i), d, rest);
+        hn::Store(medians(i), d, rest);
         std::copy(rest, rest + (end - i), bytes + i);
     }
 
@@ -270,6 +283,7 @@ class MedianTile {
     }
 
     PixelView source_;
+    bool streamed_;
     std::size_t rowLength_;
     Scratch<Argb> memory_;
 };
