@@ -5,11 +5,12 @@
 #include <hwy/foreach_target.h>
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 #include "filters/kernels/digital_ray.h"
 #include "filters/kernels/pixel_sums-inl.h"
-#include "filters/kernels/visited_map.h"
+#include "filters/kernels/scratch.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace orvane {
@@ -24,6 +25,7 @@ class RayMeans {
           centre_(centre),
           strength_(strength),
           visited_(std::size_t(source.stridePixels) * std::size_t(source.height)) {
+        std::memset(visited_.data(), 0, std::size_t(source.stridePixels) * std::size_t(source.height));
         const double right = std::max(centre.x, source.width - 1 - centre.x);
         const double down = std::max(centre.y, source.height - 1 - centre.y);
         farthest_ = right * right + down * down;
@@ -55,7 +57,7 @@ class RayMeans {
         for (int i = 0; i < count; ++i) {
             const int j = fresh_[i], place = places_[j];
             target_.pixels[place] = mean(points, j, reaches_[i]);
-            visited_.flags[place] = 1;
+            visited_[std::size_t(place)] = 1;
         }
     }
 
@@ -72,7 +74,7 @@ class RayMeans {
     // Lists the points whose pixels no earlier ray has passed.
     HWY_NOINLINE int findFresh(int points) {
         const std::int32_t* HWY_RESTRICT places = places_.data();
-        const std::uint8_t* HWY_RESTRICT visited = visited_.flags;
+        const std::uint8_t* HWY_RESTRICT visited = visited_.data();
         std::int32_t* HWY_RESTRICT fresh = fresh_.data();
         int count = 0;
         for (int j = 0; j < points; ++j) {
@@ -122,7 +124,7 @@ class RayMeans {
     IntPoint centre_;
     int strength_;
     double farthest_;
-    VisitedMap visited_;
+    Scratch<std::uint8_t> visited_;      // 1 for pixels that a ray has passed
     std::vector<std::int32_t> places_;   // of the points of the ray, as indices into the pictures
     std::vector<PixelSums> before_;      // [j] is the sum of the points before j
     std::vector<std::int32_t> fresh_;    // points not visited before
