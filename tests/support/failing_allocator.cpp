@@ -134,6 +134,11 @@ void* operator new(std::size_t bytes) {
     if (block == nullptr) throw std::bad_alloc();
     return block;
 }
+void* operator new(std::size_t bytes, std::align_val_t alignment) {
+    void* block = orvane::refuses() ? nullptr : plainAllocate(bytes, static_cast<std::size_t>(alignment));
+    if (block == nullptr) throw std::bad_alloc();
+    return block;
+}
 void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
     return orvane::refuses() ? nullptr : plainAllocate(bytes);
 }
