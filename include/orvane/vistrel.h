@@ -59,8 +59,8 @@ class Vistrel : public ControlBase {
     /// nVal: largest change in levels.
     void Noise(std::int32_t nType, std::int32_t nVal) { call(0x0B, {nType, nVal}); }
 
-    /// Exchanges pixels with random neighbours, as through frosted glass.
-    /// nVal: reach in pixels.
+    /// Replaces pixels by random neighbours, as through frosted glass.
+    /// nVal: reach in pixels, from 1.
     void Diffuse(std::int32_t nVal) { call(0x0C, {nVal}); }
 
     /// Replaces every pixel by the mean of the square around it.
@@ -72,7 +72,7 @@ class Vistrel : public ControlBase {
 
     /// Divides the picture into square tiles of one colour each.
     /// nType: 0 takes a tile's centre colour, anything else its mean.
-    /// nVal: tile size in pixels.
+    /// nVal: from 1; tiles are 2 nVal + 1 pixels square.
     void Mosaic(std::int32_t nType, std::int32_t nVal) { call(0x0F, {nType, nVal}); }
 
     /// Turns bright pixels into one colour and all others into another.
@@ -238,9 +238,9 @@ class Vistrel : public ControlBase {
     void ResetTrack() { call(0x3D, {}); }
 
     /// Lets bright pixels shine over their surroundings.
-    /// Level: grey level from which a pixel shines.
-    /// Radius: reach in pixels.
-    /// Intensity: strength in percent.
+    /// Level: level, from 1, that R, G and B of a shining pixel reach.
+    /// Radius: reach in pixels, from 1.
+    /// Intensity: strength, from 1; larger values also fall off faster.
     void Glow(std::int32_t Level, std::int32_t Radius, std::int32_t Intensity) { call(0x3E, {Level, Radius, Intensity}); }
 
     /// Colours the picture: black through one colour to white.
@@ -257,9 +257,9 @@ class Vistrel : public ControlBase {
     void DrawImage(std::u16string_view FileName) { call(0x41, {FileName}); }
 
     /// Shows edges as glowing lines.
-    /// Level: grey level from which an edge shines.
-    /// Radius: reach in pixels.
-    /// Intensity: strength in percent.
+    /// Level: level, from 1, that R, G and B of a shining edge reach.
+    /// Radius: reach in pixels, from 1.
+    /// Intensity: strength, from 1; larger values also fall off faster.
     void GlowingEdge(std::int32_t Level, std::int32_t Radius, std::int32_t Intensity) { call(0x42, {Level, Radius, Intensity}); }
 
     /// Copies the selection to the clipboard.
@@ -275,16 +275,16 @@ class Vistrel : public ControlBase {
     void SelectAll() { call(0x46, {}); }
 
     /// Blurs everything outside a circle, softly from its rim.
-    /// nVal: number of passes.
+    /// nVal: number of passes, from 1.
     /// R1: radius of the sharp circle in pixels.
-    /// R2: radius of full blur in pixels.
+    /// R2: width in pixels of the rim where blur sets in.
     /// X: centre in image pixels.
     /// Y: centre in image pixels.
     void SoftFocus(std::int32_t nVal, std::int32_t R1, std::int32_t R2, std::int32_t X, std::int32_t Y) { call(0x47, {nVal, R1, R2, X, Y}); }
 
     /// Keeps colour inside a circle and turns the rest grey.
     /// R1: radius of full colour in pixels.
-    /// R2: radius of full grey in pixels.
+    /// R2: width in pixels of the rim where colour fades.
     /// X: centre in image pixels.
     /// Y: centre in image pixels.
     void FocalBW(std::int32_t R1, std::int32_t R2, std::int32_t X, std::int32_t Y) { call(0x48, {R1, R2, X, Y}); }

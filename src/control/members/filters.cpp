@@ -12,6 +12,7 @@
 #include "filters/contrast.h"
 #include "filters/desaturate.h"
 #include "filters/emboss.h"
+#include "filters/focal_bw.h"
 #include "filters/gamma.h"
 #include "filters/gaussian_blur.h"
 #include "filters/histograms.h"
@@ -23,6 +24,7 @@
 #include "filters/median.h"
 #include "filters/minimal.h"
 #include "filters/monochrome.h"
+#include "filters/mosaic.h"
 #include "filters/noise.h"
 #include "filters/saturate.h"
 #include "filters/sharpen.h"
@@ -106,8 +108,8 @@ constexpr Member kRows[] = {
      .call = filter<&noise>},
     {.id = 0x0C,
      .name = "Diffuse",
-     .help = "Exchanges pixels with random neighbours, as through frosted glass.",
-     .parameters = {{"nVal", Long, "reach in pixels"}}},
+     .help = "Replaces pixels by random neighbours, as through frosted glass.",
+     .parameters = {{"nVal", Long, "reach in pixels, from 1"}}},
     {.id = 0x0D,
      .name = "Blur",
      .help = "Replaces every pixel by the mean of the square around it.",
@@ -118,7 +120,8 @@ constexpr Member kRows[] = {
      .name = "Mosaic",
      .help = "Divides the picture into square tiles of one colour each.",
      .parameters = {{"nType", Long, "0 takes a tile's centre colour, anything else its mean"},
-                    {"nVal", Long, "tile size in pixels"}}},
+                    {"nVal", Long, "from 1; tiles are 2 nVal + 1 pixels square"}},
+     .call = filter<&mosaic>},
     {.id = 0x10,
      .name = "Monochrome",
      .help = "Turns bright pixels into one colour and all others into another.",
@@ -226,9 +229,9 @@ constexpr Member kRows[] = {
     {.id = 0x3E,
      .name = "Glow",
      .help = "Lets bright pixels shine over their surroundings.",
-     .parameters = {{"Level", Long, "grey level from which a pixel shines"},
-                    {"Radius", Long, "reach in pixels"},
-                    {"Intensity", Long, "strength in percent"}}},
+     .parameters = {{"Level", Long, "level, from 1, that R, G and B of a shining pixel reach"},
+                    {"Radius", Long, "reach in pixels, from 1"},
+                    {"Intensity", Long, "strength, from 1; larger values also fall off faster"}}},
     {.id = 0x3F,
      .name = "Hue",
      .help = "Colours the picture: black through one colour to white.",
@@ -243,24 +246,25 @@ constexpr Member kRows[] = {
     {.id = 0x42,
      .name = "GlowingEdge",
      .help = "Shows edges as glowing lines.",
-     .parameters = {{"Level", Long, "grey level from which an edge shines"},
-                    {"Radius", Long, "reach in pixels"},
-                    {"Intensity", Long, "strength in percent"}}},
+     .parameters = {{"Level", Long, "level, from 1, that R, G and B of a shining edge reach"},
+                    {"Radius", Long, "reach in pixels, from 1"},
+                    {"Intensity", Long, "strength, from 1; larger values also fall off faster"}}},
     {.id = 0x47,
      .name = "SoftFocus",
      .help = "Blurs everything outside a circle, softly from its rim.",
-     .parameters = {{"nVal", Long, "number of passes"},
+     .parameters = {{"nVal", Long, "number of passes, from 1"},
                     {"R1", Long, "radius of the sharp circle in pixels"},
-                    {"R2", Long, "radius of full blur in pixels"},
+                    {"R2", Long, "width in pixels of the rim where blur sets in"},
                     {"X", Long, "centre in image pixels"},
                     {"Y", Long, "centre in image pixels"}}},
     {.id = 0x48,
      .name = "FocalBW",
      .help = "Keeps colour inside a circle and turns the rest grey.",
      .parameters = {{"R1", Long, "radius of full colour in pixels"},
-                    {"R2", Long, "radius of full grey in pixels"},
+                    {"R2", Long, "width in pixels of the rim where colour fades"},
                     {"X", Long, "centre in image pixels"},
-                    {"Y", Long, "centre in image pixels"}}},
+                    {"Y", Long, "centre in image pixels"}},
+     .call = filter<&focalBW>},
     {.id = 0x4D,
      .name = "Twirl",
      .help = "Twists the picture about its centre.",

@@ -31,29 +31,34 @@ HWY_INLINE IntVector channelOf(PixelVector pixels) {
 }
 
 #if HWY_HAVE_FLOAT64
-template <class DoubleTag, class HalfVector>
+template <LumaOrder kOrder, class DoubleTag, class HalfVector>
 HWY_INLINE hn::Vec<DoubleTag> lumaSum(DoubleTag df, HalfVector red, HalfVector green, HalfVector blue) {
-    return hn::Add(hn::Add(hn::Mul(hn::Set(df, 0.2125), hn::PromoteTo(df, red)),
-                           hn::Mul(hn::Set(df, 0.7154), hn::PromoteTo(df, green))),
-                   hn::Mul(hn::Set(df, 0.0721), hn::PromoteTo(df, blue)));
+    const auto redShare = hn::Mul(hn::Set(df, 0.2125), hn::PromoteTo(df, red));
+    const auto greenShare = hn::Mul(hn::Set(df, 0.7154), hn::PromoteTo(df, green));
+    const auto blueShare = hn::Mul(hn::Set(df, 0.0721), hn::PromoteTo(df, blue));
+    return kOrder == LumaOrder::RedGreenBlue ? hn::Add(hn::Add(redShare, greenShare), blueShare)
+                                             : hn::Add(hn::Add(blueShare, redShare), greenShare);
 }
 #endif
 
 /// The formula itself in vectors.
+template <LumaOrder kOrder>
 HWY_INLINE IntVector literalLuma(PixelVector pixels) {
     const IntTag di;
 #if HWY_HAVE_FLOAT64
     const hn::Half<IntTag> dh;
     const hn::Rebind<double, decltype(dh)> df;
     const auto red = channelOf<16>(pixels), green = channelOf<8>(pixels), blue = channelOf<0>(pixels);
-    const auto lower = lumaSum(df, hn::LowerHalf(dh, red), hn::LowerHalf(dh, green), hn::LowerHalf(dh, blue));
-    const auto upper = lumaSum(df, hn::UpperHalf(dh, red), hn::UpperHalf(dh, green), hn::UpperHalf(dh, blue));
+    const auto lower =
+        lumaSum<kOrder>(df, hn::LowerHalf(dh, red), hn::LowerHalf(dh, green), hn::LowerHalf(dh, blue));
+    const auto upper =
+        lumaSum<kOrder>(df, hn::UpperHalf(dh, red), hn::UpperHalf(dh, green), hn::UpperHalf(dh, blue));
     return hn::Combine(di, hn::DemoteTo(dh, upper), hn::DemoteTo(dh, lower));
 #else
     HWY_ALIGN Argb words[HWY_LANES(Argb)];
     HWY_ALIGN std::int32_t lumas[HWY_LANES(Argb)];
     hn::Store(pixels, PixelTag(), words);
-    for (std::size_t i = 0; i < hn::Lanes(di); ++i) lumas[i] = lumaOf(words[i]);
+    for (std::size_t i = 0; i < hn::Lanes(di); ++i) lumas[i] = lumaOf<kOrder>(words[i]);
     return hn::Load(di, lumas);
 #endif
 }
@@ -71,6 +76,7 @@ HWY_INLINE IntVector sumOfProducts(IntVector sum, V16 a, V16 b) {
 /// fraction off gives what the formula gives, except where nothing is to be cut off: there the rounding
 /// errors of the formula decide (43, 43, 43 has luma 42), and only the formula itself knows them. That
 /// happens to all greys and to one colour in ten thousand.
+template <LumaOrder kOrder = LumaOrder::RedGreenBlue>
 HWY_INLINE IntVector lumaOf(PixelVector pixels) {
     const PixelTag d;
     const IntTag di;
@@ -92,7 +98,7 @@ HWY_INLINE IntVector lumaOf(PixelVector pixels) {
     const auto back =
         sumOfProducts(hn::Zero(di), hn::BitCast(di16, luma), hn::BitCast(di16, hn::Set(di, 10000)));
     if (HWY_LIKELY(hn::AllFalse(di, hn::Eq(back, total)))) return luma;
-    return literalLuma(pixels);
+    return literalLuma<kOrder>(pixels);
 }
 
 #endif  // HWY_TARGET != HWY_SCALAR

@@ -1,0 +1,191 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstdio>
+#include <functional>
+#include <string>
+
+#include "filters/artistic_reference.h"
+#include "filters/focal_bw.h"
+#include "filters/mosaic.h"
+#include "support/every_target.h"
+#include "support/pictures.h"
+
+namespace orvane {
+namespace {
+
+using reference::Picture;
+using test::onEveryTarget;
+
+#ifdef NDEBUG
+constexpr bool kFastBuild = true;
+#else
+constexpr bool kFastBuild = false;
+#endif
+
+struct Operation {
+    std::string name;
+    std::function<void(ImageDocument&)> run;
+    std::function<std::vector<Argb>(const Picture&)> expected;
+};
+
+template <class... Values>
+std::string named(const char* name, Values... values) {
+    std::string text = name;
+    ((text += " " + std::to_string(values)), ...);
+    return text;
+}
+
+/// Parameters in the middle of their ranges, at their ends and far beyond.
+std::vector<Operation> allOperations() {
+    std::vector<Operation> all;
+    const auto add = [&](std::string name, auto run, auto expected) {
+        all.push_back({std::move(name), run, expected});
+    };
+    for (int type : {0, 1, -5}) {
+        for (int r : {1, 2, 5, 16, 40, INT_MAX}) {
+            add(
+                named("mosaic", type, r), [=](ImageDocument& d) { mosaic(d, type, r); },
+                [=](const Picture& p) { return reference::mosaic(p, type, r); });
+        }
+    }
+    const int circles[][4] = {{10, 20, 15, 12},
+                              {0, 0, -1000, 2000},
+                              {0, 60, 30, 30},
+                              {3, 0, 2, 2},
+                              {20, -7, 10, 40},
+                              {-50, 70, 5, 5},
+                              {INT_MIN, INT_MAX, 0, 0},
+                              {INT_MAX, INT_MAX, 7, 7},
+                              {INT_MAX, 1, INT_MIN, INT_MAX},
+                              {2147480000, 3648, INT_MIN, 20},
+                              {1, INT_MAX, 9, 9},
+                              {5, 1, 9, 9}};
+    for (const auto& c : circles) {
+        add(
+            named("focalBW", c[0], c[1], c[2], c[3]),
+            [=, r1 = c[0], r2 = c[1], x = c[2], y = c[3]](ImageDocument& d) { focalBW(d, r1, r2, x, y); },
+            [=, r1 = c[0], r2 = c[1], x = c[2], y = c[3]](const Picture& p) {
+                return reference::focalBW(p, r1, r2, x, y);
+            });
+    }
+    return all;
+}
+
+/// Every alpha, or only that of an opaque picture.
+Picture picture(int width, int height, unsigned seed, bool opaque = false) {
+    Picture result{width, height, test::randomPicture(std::size_t(width) * std::size_t(height), seed)};
+    for (std::size_t i = 0; i < result.pixels.size(); ++i) {
+        const auto part = i * 4 / result.pixels.size();
+        if (part == 1) result.pixels[i] = (result.pixels[i] & 0xFF070F1Fu) + 0x00303030u;
+        if (part == 2) result.pixels[i] |= 0x00F8F8F8u;
+        if (opaque || part == 3) result.pixels[i] |= 0xFF000000u;
+    }
+    return result;
+}
+
+std::string difference(const std::vector<Argb>& actual, const std::vector<Argb>& expected, int width) {
+    if (actual.size() != expected.size()) return "sizes differ";
+    for (std::size_t i = 0; i < actual.size(); ++i) {
+        if (actual[i] == expected[i]) continue;
+        char text[128];
+        std::snprintf(text, sizeof text, "pixel %d, %d: %08X, not %08X", int(i) % width, int(i) / width,
+                      actual[i], expected[i]);
+        return text;
+    }
+    return {};
+}
+
+void checkOperation(const Operation& operation, const Picture& source) {
+    const std::vector<Argb> expected = operation.expected(source);
+    onEveryTarget([&] {
+        ImageDocument document;
+        test::loadPicture(document, source.pixels, source.width, source.height);
+        operation.run(document);
+        EXPECT_EQ(difference(test::pictureOf(document), expected, source.width), "")
+            << operation.name << ", " << source.width << " x " << source.height;
+        EXPECT_TRUE(document.undoEnabled()) << operation.name;
+        document.undo();
+        EXPECT_TRUE(test::pictureOf(document) == source.pixels && !document.undoEnabled()) << operation.name;
+    });
+}
+
+TEST(Artistic, EqualTheirDefinitionsAtEveryWidth) {
+    const std::vector<Operation> operations = allOperations();
+    for (int width = 2; width <= 70; ++width) {
+        const int height = 2 + width * 23 % (kFastBuild ? 37 : 17);
+        const Picture source = picture(width, height, unsigned(width), width % 2 == 0);
+        // Every operation meets every remainder of the vector length; not every parameter every width.
+        for (std::size_t i = 0; i < operations.size(); ++i) {
+            if ((i + std::size_t(width)) % (kFastBuild ? 3 : 7) == 0) checkOperation(operations[i], source);
+        }
+    }
+}
+
+TEST(Artistic, EqualTheirDefinitionsOnSmallPictures) {
+    for (const Operation& operation : allOperations()) {
+        checkOperation(operation, picture(2, 2, 1u));
+        checkOperation(operation, picture(2, 41, 2u));
+        checkOperation(operation, picture(37, 2, 3u));
+    }
+}
+
+TEST(Artistic, EqualTheirDefinitionsOnAPictureBeyondTheCaches) {
+    const Picture source = picture(3001, 2113, 99u, true);
+    for (const Operation& operation : allOperations()) {
+        for (const char* name : {"mosaic 1 5", "mosaic 0 16", "mosaic 1 40", "focalBW 10 20 15 12"}) {
+            if (operation.name == name && kFastBuild) checkOperation(operation, source);
+        }
+    }
+}
+
+// Above 128 rows the sums of a tile outgrow 16 bits, above 4100 columns 32.
+TEST(Artistic, LargeTilesAreExact) {
+    for (int radius : {127, 128, 129, 300}) {
+        const Operation operation{named("mosaic", 1, radius), [=](ImageDocument& d) { mosaic(d, 1, radius); },
+                                  [=](const Picture& p) { return reference::mosaic(p, 1, radius); }};
+        checkOperation(operation, picture(2 * radius + 9, radius + 40, 5u));
+        checkOperation(operation, picture(radius + 1, 3 * radius, 6u));
+    }
+    const Picture white{2501, 2501, std::vector<Argb>(2501u * 2501u, 0xFFFFFFFFu)};
+    const Operation wrapping{"mosaic 1 2500", [](ImageDocument& d) { mosaic(d, 1, 2500); },
+                             [](const Picture& p) { return reference::mosaic(p, 1, 2500); }};
+    checkOperation(wrapping, white);
+}
+
+TEST(Artistic, FocalGreyIsExactForAllColours) {
+    constexpr int kSide = 4096;
+    Picture colours{kSide, kSide, std::vector<Argb>(std::size_t(kSide) * kSide)};
+    for (std::size_t i = 0; i < colours.pixels.size(); ++i) colours.pixels[i] = Argb(i);
+    const Operation operation{"focalBW 0 0", [](ImageDocument& d) { focalBW(d, 0, 0, 0, 0); },
+                              [](const Picture& p) { return reference::focalBW(p, 0, 0, 0, 0); }};
+    if (kFastBuild) checkOperation(operation, colours);
+}
+
+TEST(Artistic, RefusedParametersChangeNothing) {
+    const struct {
+        const char* name;
+        void (*run)(ImageDocument&);
+        bool accepted, changes;
+    } rows[] = {
+        {"mosaic 0 0", [](ImageDocument& d) { mosaic(d, 0, 0); }, false, false},
+        {"mosaic 1 INT_MIN", [](ImageDocument& d) { mosaic(d, 1, INT_MIN); }, false, false},
+        {"mosaic 1 9", [](ImageDocument& d) { mosaic(d, 1, 9); }, true, false},
+        {"mosaic 1 1", [](ImageDocument& d) { mosaic(d, 1, 1); }, true, true},
+        {"focalBW 99 0 0 0", [](ImageDocument& d) { focalBW(d, 99, 0, 0, 0); }, true, false},
+    };
+    const Picture source = picture(9, 9, 3u);
+    for (const auto& row : rows) {
+        ImageDocument document, empty;
+        test::loadPicture(document, source.pixels, 9, 9);
+        row.run(document);
+        row.run(empty);
+        EXPECT_EQ(document.undoEnabled(), row.accepted) << row.name;
+        EXPECT_EQ(document.modified, row.accepted) << row.name;
+        EXPECT_EQ(test::pictureOf(document) != source.pixels, row.changes) << row.name;
+        EXPECT_TRUE(empty.isEmpty() && !empty.modified) << row.name;
+    }
+}
+
+}  // namespace
+}  // namespace orvane
