@@ -11,6 +11,7 @@
 #include <opencv2/imgproc.hpp>
 #include <string>
 
+#include "filters/aquarelle.h"
 #include "filters/artistic_reference.h"
 #include "filters/invert.h"
 #include "filters/mosaic.h"
@@ -36,17 +37,28 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
         rows.push_back({std::move(name), ours, expected, theirs});
     };
 
+    // Whole tiles only, which is where their area mean is quickest.
+    const cv::Size tiles(source.cols / 21, source.rows / 21);
     for (int type : {0, 1}) {
         add(
             "Mosaic " + std::to_string(type) + " 10 : resize down and up",
             [type](ImageDocument& d) { mosaic(d, type, 10); },
             [type](const Picture& p) { return reference::mosaic(p, type, 10); },
-            [&source, &target, type, small = std::make_shared<cv::Mat>()] {
-                const cv::Size tiles(source.cols / 21, source.rows / 21);
-                cv::resize(source, *small, tiles, 0, 0, type == 0 ? cv::INTER_NEAREST : cv::INTER_AREA);
+            [&source, &target, tiles, type, small = std::make_shared<cv::Mat>()] {
+                const cv::Mat tiled = source({0, 0, tiles.width * 21, tiles.height * 21});
+                cv::resize(tiled, *small, tiles, 0, 0, type == 0 ? cv::INTER_NEAREST : cv::INTER_AREA);
                 cv::resize(*small, target, source.size(), 0, 0, cv::INTER_NEAREST);
             });
     }
+    add(
+        "Aquarelle 3 : medianBlur + 2 filter2D", [](ImageDocument& d) { aquarelle(d, 3); },
+        [](const Picture& p) { return reference::aquarelle(p, 3); },
+        [&source, &target, painted = std::make_shared<cv::Mat>()] {
+            const cv::Mat kernel = (cv::Mat_<float>(3, 3) << -0.25, 0, -0.25, 0, 2, 0, -0.25, 0, -0.25);
+            cv::medianBlur(source, target, 7);
+            cv::filter2D(target, *painted, -1, kernel, {-1, -1}, 0, cv::BORDER_REPLICATE);
+            cv::filter2D(*painted, target, -1, kernel, {-1, -1}, 0, cv::BORDER_REPLICATE);
+        });
     return rows;
 }
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "filters/aquarelle.h"
 #include "filters/artistic_reference.h"
 #include "filters/focal_bw.h"
 #include "filters/mosaic.h"
@@ -68,6 +69,11 @@ std::vector<Operation> allOperations() {
             [=, r1 = c[0], r2 = c[1], x = c[2], y = c[3]](const Picture& p) {
                 return reference::focalBW(p, r1, r2, x, y);
             });
+    }
+    for (int r : {0, 1, 2, 3, 7, 50}) {
+        add(
+            named("aquarelle", r), [=](ImageDocument& d) { aquarelle(d, r); },
+            [=](const Picture& p) { return reference::aquarelle(p, r); });
     }
     return all;
 }
@@ -172,6 +178,9 @@ TEST(Artistic, RefusedParametersChangeNothing) {
         {"mosaic 1 INT_MIN", [](ImageDocument& d) { mosaic(d, 1, INT_MIN); }, false, false},
         {"mosaic 1 9", [](ImageDocument& d) { mosaic(d, 1, 9); }, true, false},
         {"mosaic 1 1", [](ImageDocument& d) { mosaic(d, 1, 1); }, true, true},
+        {"aquarelle -1", [](ImageDocument& d) { aquarelle(d, -1); }, false, false},
+        {"aquarelle INT_MIN", [](ImageDocument& d) { aquarelle(d, INT_MIN); }, false, false},
+        {"aquarelle 0", [](ImageDocument& d) { aquarelle(d, 0); }, true, true},
         {"focalBW 99 0 0 0", [](ImageDocument& d) { focalBW(d, 99, 0, 0, 0); }, true, false},
     };
     const Picture source = picture(9, 9, 3u);

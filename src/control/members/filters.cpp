@@ -1,5 +1,6 @@
 // Filters: operations on the whole picture, each one history step.
 #include "control/members/access.h"
+#include "filters/aquarelle.h"
 #include "filters/autocolor.h"
 #include "filters/autocontrast.h"
 #include "filters/autolevels.h"
@@ -150,7 +151,8 @@ constexpr Member kRows[] = {
     {.id = 0x15,
      .name = "Aquarelle",
      .help = "Makes a picture painted in water colours.",
-     .parameters = {{"nVal", Long, "brush radius in pixels, from 0"}}},
+     .parameters = {{"nVal", Long, "brush radius in pixels, from 0"}},
+     .call = filter<&aquarelle>},
     {.id = 0x16,
      .name = "Autocontrast",
      .help = "Stretches all channels by one joint statistic.",
