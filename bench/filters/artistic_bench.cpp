@@ -15,6 +15,7 @@
 #include "filters/artistic_reference.h"
 #include "filters/invert.h"
 #include "filters/mosaic.h"
+#include "filters/soft_focus.h"
 #include "support/photograph.h"
 #include "support/pictures.h"
 #include "support/ratio_timer.h"
@@ -59,6 +60,23 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
             cv::filter2D(target, *painted, -1, kernel, {-1, -1}, 0, cv::BORDER_REPLICATE);
             cv::filter2D(*painted, target, -1, kernel, {-1, -1}, 0, cv::BORDER_REPLICATE);
         });
+    for (const auto& [radius, rim] : {std::pair(1, 1), std::pair(600, 600), std::pair(1, 3000)}) {
+        add(
+            "SoftFocus 5 " + std::to_string(radius) + " " + std::to_string(rim) + " : 5 blur",
+            [=, &source](ImageDocument& d) {
+                softFocus(d, 5, radius, rim, source.cols / 2, source.rows / 2);
+            },
+            [=, &source](const Picture& p) {
+                return reference::softFocus(p, 5, radius, rim, source.cols / 2, source.rows / 2);
+            },
+            [&source, &target, blurred = std::make_shared<cv::Mat>()] {
+                cv::blur(source, target, {3, 3}, {-1, -1}, cv::BORDER_REPLICATE);
+                for (int pass = 0; pass < 2; ++pass) {
+                    cv::blur(target, *blurred, {3, 3}, {-1, -1}, cv::BORDER_REPLICATE);
+                    cv::blur(*blurred, target, {3, 3}, {-1, -1}, cv::BORDER_REPLICATE);
+                }
+            });
+    }
     return rows;
 }
 

@@ -9,6 +9,7 @@
 #include "filters/artistic_reference.h"
 #include "filters/focal_bw.h"
 #include "filters/mosaic.h"
+#include "filters/soft_focus.h"
 #include "support/every_target.h"
 #include "support/pictures.h"
 
@@ -75,6 +76,30 @@ std::vector<Operation> allOperations() {
             named("aquarelle", r), [=](ImageDocument& d) { aquarelle(d, r); },
             [=](const Picture& p) { return reference::aquarelle(p, r); });
     }
+    const int focuses[][5] = {{1, 10, 8, 15, 12},
+                              {3, 5, 1, 0, 20},
+                              {8, 4, 30, 9, 9},
+                              {9, 4, 12, 30, -6},
+                              {21, 1, 1, 2, 2},
+                              {2, 1, 40, -10, 5},
+                              {4, 1000, 1, 3, 3},
+                              {2, 7, 32768, 3, 3},
+                              {2, 7, 32769, 3, 3},
+                              {3, 1, 4210000, 5, 5},
+                              {2, 2, INT_MAX, 5, 5},
+                              {1, INT_MAX, INT_MAX, INT_MIN, INT_MAX},
+                              {1, 2147480000, 3700, INT_MIN, 30},
+                              {2, INT_MAX, 1, 0, 0}};
+    for (const auto& c : focuses) {
+        add(
+            named("softFocus", c[0], c[1], c[2], c[3], c[4]),
+            [=, n = c[0], r1 = c[1], r2 = c[2], x = c[3], y = c[4]](ImageDocument& d) {
+                softFocus(d, n, r1, r2, x, y);
+            },
+            [=, n = c[0], r1 = c[1], r2 = c[2], x = c[3], y = c[4]](const Picture& p) {
+                return reference::softFocus(p, n, r1, r2, x, y);
+            });
+    }
     return all;
 }
 
@@ -139,7 +164,8 @@ TEST(Artistic, EqualTheirDefinitionsOnSmallPictures) {
 TEST(Artistic, EqualTheirDefinitionsOnAPictureBeyondTheCaches) {
     const Picture source = picture(3001, 2113, 99u, true);
     for (const Operation& operation : allOperations()) {
-        for (const char* name : {"mosaic 1 5", "mosaic 0 16", "mosaic 1 40", "focalBW 10 20 15 12"}) {
+        for (const char* name :
+             {"mosaic 1 5", "mosaic 0 16", "mosaic 1 40", "focalBW 10 20 15 12", "softFocus 9 4 12 30 -6"}) {
             if (operation.name == name && kFastBuild) checkOperation(operation, source);
         }
     }
@@ -168,6 +194,24 @@ TEST(Artistic, FocalGreyIsExactForAllColours) {
     if (kFastBuild) checkOperation(operation, colours);
 }
 
+// The picture comes to rest, or repeats itself, after a while; from then on only the count of passes
+// matters.
+TEST(Artistic, AnyNumberOfPassesEnds) {
+    const Picture source = picture(23, 19, 12u);
+    for (int passes : {64, 1000, 1003}) {
+        const Operation operation{
+            named("softFocus", passes), [=](ImageDocument& d) { softFocus(d, passes, 3, 4, 8, 8); },
+            [=](const Picture& p) { return reference::softFocus(p, passes, 3, 4, 8, 8); }};
+        checkOperation(operation, source);
+    }
+    ImageDocument thousand, endless;
+    test::loadPicture(thousand, source.pixels, 23, 19);
+    test::loadPicture(endless, source.pixels, 23, 19);
+    softFocus(thousand, 1007, 3, 4, 8, 8);
+    softFocus(endless, INT_MAX, 3, 4, 8, 8);  // 1007 and a multiple of 8
+    EXPECT_EQ(test::pictureOf(endless), test::pictureOf(thousand));
+}
+
 TEST(Artistic, RefusedParametersChangeNothing) {
     const struct {
         const char* name;
@@ -181,6 +225,11 @@ TEST(Artistic, RefusedParametersChangeNothing) {
         {"aquarelle -1", [](ImageDocument& d) { aquarelle(d, -1); }, false, false},
         {"aquarelle INT_MIN", [](ImageDocument& d) { aquarelle(d, INT_MIN); }, false, false},
         {"aquarelle 0", [](ImageDocument& d) { aquarelle(d, 0); }, true, true},
+        {"softFocus 0 1 1", [](ImageDocument& d) { softFocus(d, 0, 1, 1, 0, 0); }, false, false},
+        {"softFocus 1 0 1", [](ImageDocument& d) { softFocus(d, 1, 0, 1, 0, 0); }, false, false},
+        {"softFocus 1 1 0", [](ImageDocument& d) { softFocus(d, 1, 1, 0, 0, 0); }, false, false},
+        {"softFocus 1 1 INT_MIN", [](ImageDocument& d) { softFocus(d, 1, 1, INT_MIN, 0, 0); }, false, false},
+        {"softFocus 1 1 1", [](ImageDocument& d) { softFocus(d, 1, 1, 1, 0, 0); }, true, true},
         {"focalBW 99 0 0 0", [](ImageDocument& d) { focalBW(d, 99, 0, 0, 0); }, true, false},
     };
     const Picture source = picture(9, 9, 3u);

@@ -32,6 +32,7 @@
 #include "filters/sharpen_edge.h"
 #include "filters/smart_blur.h"
 #include "filters/sobel.h"
+#include "filters/soft_focus.h"
 #include "filters/temperature.h"
 #include "filters/twirl.h"
 #include "filters/user_effect.h"
@@ -258,7 +259,8 @@ constexpr Member kRows[] = {
                     {"R1", Long, "radius of the sharp circle in pixels"},
                     {"R2", Long, "width in pixels of the rim where blur sets in"},
                     {"X", Long, "centre in image pixels"},
-                    {"Y", Long, "centre in image pixels"}}},
+                    {"Y", Long, "centre in image pixels"}},
+     .call = filter<&softFocus>},
     {.id = 0x48,
      .name = "FocalBW",
      .help = "Keeps colour inside a circle and turns the rest grey.",
