@@ -3,10 +3,6 @@
 //
 //     convolution_bench [width height [instruction set [rows that contain this]]]
 
-#include <hwy/targets.h>
-
-#include <cstdlib>
-#include <cstring>
 #include <functional>
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
@@ -20,16 +16,13 @@
 #include "filters/emboss.h"
 #include "filters/gaussian_blur.h"
 #include "filters/histograms.h"
-#include "filters/invert.h"
 #include "filters/laplas.h"
 #include "filters/sharpen.h"
 #include "filters/sharpen_edge.h"
 #include "filters/smart_blur.h"
 #include "filters/sobel.h"
 #include "filters/user_effect.h"
-#include "support/photograph.h"
-#include "support/pictures.h"
-#include "support/ratio_timer.h"
+#include "support/filter_bench.h"
 
 namespace orvane {
 namespace {
@@ -37,12 +30,7 @@ namespace {
 using reference::Picture;
 using reference::Weights;
 
-struct Comparison {
-    std::string name;
-    std::function<void(ImageDocument&)> ours;
-    std::function<std::vector<Argb>(const Picture&)> expected;  ///< none: nothing to check here
-    std::function<void()> theirs;
-};
+using Comparison = bench::FilterComparison;
 
 /// The kernel as filter2D takes it, scaled by the sum of its weights.
 cv::Mat kernelOf(const Weights& weights, int n) {
@@ -73,12 +61,15 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
         cv::calcHist(&picture, 1, &channel, {}, counts, 1, &size, ranges);
     };
     const auto nothing = std::function<std::vector<Argb>(const Picture&)>();
+    const auto query = [&rows](std::string name, auto ours, auto theirs) {
+        rows.push_back({std::move(name), ours, {}, theirs, false});
+    };
 
-    add(
-        "GetRHistogram : calcHist", [](ImageDocument& d) { (void)redHistogram(d); }, nothing,
+    query(
+        "GetRHistogram : calcHist", [](ImageDocument& d) { (void)redHistogram(d); },
         [&source, count] { count(source, 2); });
-    add(
-        "GetLHistogram : cvtColor + calcHist", [](ImageDocument& d) { (void)lumaHistogram(d); }, nothing,
+    query(
+        "GetLHistogram : cvtColor + calcHist", [](ImageDocument& d) { (void)lumaHistogram(d); },
         [&source, count, grey = std::make_shared<cv::Mat>()] {
             cv::cvtColor(source, *grey, cv::COLOR_BGRA2GRAY);
             count(*grey, 0);
@@ -151,54 +142,7 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
     return rows;
 }
 
-bool isRight(const Comparison& comparison) {
-    const Picture picture{83, 71, test::randomPicture(83 * 71, 11u)};
-    ImageDocument document;
-    test::loadPicture(document, picture.pixels, picture.width, picture.height);
-    comparison.ours(document);
-    return test::pictureOf(document) == comparison.expected(picture);
-}
-
-int run(int width, int height, const char* part) {
-    auto pixels = bench::photograph(width, height);
-    const cv::Mat source(height, width, CV_8UC4, pixels.data());
-    cv::Mat target(height, width, CV_8UC4, cv::Scalar::all(1));
-
-    ImageDocument document;
-    test::loadPicture(document, pixels, width, height);
-    for (int i = 0; i < 2 * HistoryStack::kHistorySlots; ++i) invert(document);
-
-    std::printf("%d x %d, %s\n", width, height,
-                hwy::TargetName(hwy::SupportedTargets() & -hwy::SupportedTargets()));
-    bench::printRatioHeader();
-    for (const Comparison& comparison : comparisons(source, target)) {
-        if (part != nullptr && comparison.name.find(part) == std::string::npos) continue;
-        if (comparison.expected && !isRight(comparison)) {
-            std::printf("%s: wrong result\n", comparison.name.c_str());
-            return 1;
-        }
-        // Each call starts from the same picture: a step is taken back at no cost.
-        const auto ours = [&] {
-            comparison.ours(document);
-            if (comparison.name[0] != 'G' || comparison.name[1] != 'e') document.undo();
-        };
-        bench::printRatioRow(comparison.name.c_str(),
-                             bench::measureRatio(ours, comparison.theirs, {3, 3, 1.0}));
-    }
-    return 0;
-}
-
 }  // namespace
 }  // namespace orvane
 
-int main(int argc, char** argv) {
-    cv::setNumThreads(1);
-    const int width = argc > 2 ? std::atoi(argv[1]) : 4000, height = argc > 2 ? std::atoi(argv[2]) : 3000;
-    for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
-        if (argc > 3 && std::strcmp(hwy::TargetName(target), argv[3]) == 0) {
-            hwy::SetSupportedTargetsForTest(target);
-            break;
-        }
-    }
-    return orvane::run(width, height, argc > 4 ? argv[4] : nullptr);
-}
+int main(int argc, char** argv) { return orvane::bench::runFilterBench(argc, argv, orvane::comparisons); }

@@ -3,11 +3,7 @@
 //
 //     motion_bench [width height [instruction set [rows that contain this]]]
 
-#include <hwy/targets.h>
-
 #include <cmath>
-#include <cstdlib>
-#include <cstring>
 #include <functional>
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
@@ -16,24 +12,16 @@
 #include "filters/blur_motion.h"
 #include "filters/blur_radial.h"
 #include "filters/blur_zoom.h"
-#include "filters/invert.h"
 #include "filters/motion_reference.h"
 #include "filters/twirl.h"
-#include "support/photograph.h"
-#include "support/pictures.h"
-#include "support/ratio_timer.h"
+#include "support/filter_bench.h"
 
 namespace orvane {
 namespace {
 
 using reference::Picture;
 
-struct Comparison {
-    std::string name;
-    std::function<void(ImageDocument&)> ours;
-    std::function<Picture(const Picture&)> expected;
-    std::function<void()> theirs;
-};
+using Comparison = bench::FilterComparison;
 
 /// To polar coordinates, a box along angle or radius, and back.
 class PolarBlur {
@@ -97,7 +85,7 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
     const auto motion = [&](const char* name, int radius, int direction, std::function<void()> theirs) {
         all.push_back({std::string("BlurMotion ") + name + ", radius " + std::to_string(radius),
                        [=](ImageDocument& d) { blurMotion(d, radius, direction); },
-                       [=](const Picture& p) { return reference::blurMotion(p, radius, direction); },
+                       [=](const Picture& p) { return reference::blurMotion(p, radius, direction).pixels; },
                        std::move(theirs)});
     };
     for (int radius : {10, 100, 400}) {
@@ -120,68 +108,23 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
     for (int degrees : {90, 720}) {
         all.push_back({"Twirl " + std::to_string(degrees) + " : polarToCart, remap",
                        [=](ImageDocument& d) { twirl(d, degrees); },
-                       [=](const Picture& p) { return reference::twirl(p, degrees, ~0u); },
+                       [=](const Picture& p) { return reference::twirl(p, degrees, ~0u).pixels; },
                        MapTwist(source, target, degrees)});
     }
-    all.push_back({"BlurZoom 40 : warpPolar, blur, back",
-                   [=](ImageDocument& d) { blurZoom(d, d.width() / 2, d.height() / 2, 40); },
-                   [](const Picture& p) { return reference::blurZoom(p, p.width / 2, p.height / 2, 40); },
-                   PolarBlur(source, target, {41, 1})});
-    all.push_back({"BlurRadial 20 : warpPolar, blur, back",
-                   [=](ImageDocument& d) { blurRadial(d, d.width() / 2, d.height() / 2, 20); },
-                   [](const Picture& p) { return reference::blurRadial(p, p.width / 2, p.height / 2, 20); },
-                   PolarBlur(source, target, {1, 267})});
+    all.push_back(
+        {"BlurZoom 40 : warpPolar, blur, back",
+         [=](ImageDocument& d) { blurZoom(d, d.width() / 2, d.height() / 2, 40); },
+         [](const Picture& p) { return reference::blurZoom(p, p.width / 2, p.height / 2, 40).pixels; },
+         PolarBlur(source, target, {41, 1})});
+    all.push_back(
+        {"BlurRadial 20 : warpPolar, blur, back",
+         [=](ImageDocument& d) { blurRadial(d, d.width() / 2, d.height() / 2, 20); },
+         [](const Picture& p) { return reference::blurRadial(p, p.width / 2, p.height / 2, 20).pixels; },
+         PolarBlur(source, target, {1, 267})});
     return all;
-}
-
-bool isRight(const Comparison& comparison) {
-    const Picture source{83, 71, test::randomPicture(83 * 71, 11u)};
-    ImageDocument document;
-    test::loadPicture(document, source.pixels, source.width, source.height);
-    comparison.ours(document);
-    return !comparison.expected || test::pictureOf(document) == comparison.expected(source).pixels;
-}
-
-int run(int width, int height, const char* part) {
-    auto pixels = bench::photograph(width, height);
-    const cv::Mat source(height, width, CV_8UC4, pixels.data());
-    cv::Mat target(height, width, CV_8UC4, cv::Scalar::all(1));
-
-    ImageDocument document;
-    test::loadPicture(document, pixels, width, height);
-    for (int i = 0; i < 2 * HistoryStack::kHistorySlots; ++i) invert(document);
-
-    std::printf("%d x %d, %s\n", width, height,
-                hwy::TargetName(hwy::SupportedTargets() & -hwy::SupportedTargets()));
-    bench::printRatioHeader();
-    for (Comparison& comparison : comparisons(source, target)) {
-        if (part != nullptr && comparison.name.find(part) == std::string::npos) continue;
-        if (!isRight(comparison)) {
-            std::printf("%s: wrong result\n", comparison.name.c_str());
-            return 1;
-        }
-        // Each call starts from the same picture: a step is taken back at no cost.
-        const auto ours = [&] {
-            comparison.ours(document);
-            document.undo();
-        };
-        bench::printRatioRow(comparison.name.c_str(),
-                             bench::measureRatio(ours, comparison.theirs, {3, 3, 1.0}));
-    }
-    return 0;
 }
 
 }  // namespace
 }  // namespace orvane
 
-int main(int argc, char** argv) {
-    cv::setNumThreads(1);
-    const int width = argc > 2 ? std::atoi(argv[1]) : 4000, height = argc > 2 ? std::atoi(argv[2]) : 3000;
-    for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
-        if (argc > 3 && std::strcmp(hwy::TargetName(target), argv[3]) == 0) {
-            hwy::SetSupportedTargetsForTest(target);
-            break;
-        }
-    }
-    return orvane::run(width, height, argc > 4 ? argv[4] : nullptr);
-}
+int main(int argc, char** argv) { return orvane::bench::runFilterBench(argc, argv, orvane::comparisons); }

@@ -7,20 +7,11 @@
 #include <cstdint>
 #include <vector>
 
+#include "filters/reference_picture.h"
+
 /// The convolution filters by their definitions alone, one window after the other. They define the results;
 /// the filters must give the same bytes.
 namespace orvane::reference {
-
-struct Picture {
-    int width = 0, height = 0;
-    std::vector<Argb> pixels;
-
-    [[nodiscard]] Argb clampedAt(int x, int y) const {
-        return pixels[std::size_t(std::clamp(y, 0, height - 1)) * std::size_t(width) +
-                      std::size_t(std::clamp(x, 0, width - 1))];
-    }
-    [[nodiscard]] PixelView view() const { return {pixels.data(), width, height, width}; }
-};
 
 using Weights = std::vector<std::int32_t>;
 constexpr int kShifts[] = {16, 8, 0};

@@ -9,29 +9,12 @@
 #include <utility>
 #include <vector>
 
+#include "filters/reference_picture.h"
 #include "platform/graphics/source_over.h"
 
 /// The filters that move or smear pixels along a path, by their definitions alone: every sample is read,
 /// every walk is walked. They define the results; the filters must give the same bytes.
 namespace orvane::reference {
-
-struct Picture {
-    int width = 0, height = 0;
-    std::vector<Argb> pixels;
-
-    [[nodiscard]] Argb& at(std::int64_t x, std::int64_t y) {
-        return pixels[std::size_t(y) * std::size_t(width) + std::size_t(x)];
-    }
-    [[nodiscard]] Argb at(std::int64_t x, std::int64_t y) const {
-        return pixels[std::size_t(y) * std::size_t(width) + std::size_t(x)];
-    }
-    [[nodiscard]] bool contains(std::int64_t x, std::int64_t y) const {
-        return x >= 0 && x < width && y >= 0 && y < height;
-    }
-    [[nodiscard]] Argb clamped(std::int64_t x, std::int64_t y) const {
-        return at(std::clamp<std::int64_t>(x, 0, width - 1), std::clamp<std::int64_t>(y, 0, height - 1));
-    }
-};
 
 /// Colours added up, each as often as it is asked for.
 struct Mean {
@@ -58,10 +41,10 @@ inline Picture blurMotion(const Picture& source, int radius, int direction) {
         for (int x = 0; x < source.width; ++x) {
             Mean mean;
             for (std::int64_t i = -reach; i <= reach; ++i) {
-                mean.add(source.clamped(x + stepX * i, y + stepY * i));
+                mean.add(source.clampedAt(x + stepX * i, y + stepY * i));
             }
-            mean.add(source.clamped(x - stepX * reach, y - stepY * reach), radius - reach);
-            mean.add(source.clamped(x + stepX * reach, y + stepY * reach), radius - reach);
+            mean.add(source.clampedAt(x - stepX * reach, y - stepY * reach), radius - reach);
+            mean.add(source.clampedAt(x + stepX * reach, y + stepY * reach), radius - reach);
             target.at(x, y) = mean.value();
         }
     }
@@ -210,7 +193,7 @@ inline Picture blurRadial(const Picture& source, int x, int y, int angle) {
         const std::int64_t k = std::int64_t(radius * halfAngle), turns = std::max<std::int64_t>(k, 0) / count;
         // Each whole turn of the window to either side meets every point once.
         Mean wholeTurns;
-        for (const Point& p : points) wholeTurns.add(source.clamped(p.x, p.y), 2 * turns);
+        for (const Point& p : points) wholeTurns.add(source.clampedAt(p.x, p.y), 2 * turns);
         for (std::int64_t j = 0; j < count; ++j) {
             const Point p = points[std::size_t(j)];
             if (!source.contains(p.x, p.y) || visited[std::size_t(p.y * source.width + p.x)]) continue;
@@ -219,7 +202,7 @@ inline Picture blurRadial(const Picture& source, int x, int y, int angle) {
             const std::int64_t reach = k - turns * count;
             for (std::int64_t i = -reach; i <= reach; ++i) {
                 const Point q = points[std::size_t(((j + i) % count + count) % count)];
-                mean.add(source.clamped(q.x, q.y));
+                mean.add(source.clampedAt(q.x, q.y));
             }
             smeared.at(p.x, p.y) = k < 0 ? 0xFF000000u : mean.value();
         }
@@ -232,7 +215,7 @@ inline Picture blurRadial(const Picture& source, int x, int y, int angle) {
             Mean mean;
             for (int dx = -2; dx <= 2; ++dx) {
                 for (int dy = -2; dy <= 2; ++dy) {
-                    mean.add(smeared.clamped(px + dx, py + dy), dx == 0 && dy == 0 ? 1 : 3);
+                    mean.add(smeared.clampedAt(px + dx, py + dy), dx == 0 && dy == 0 ? 1 : 3);
                 }
             }
             target.at(px, py) = mean.value();
