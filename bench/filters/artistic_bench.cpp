@@ -13,6 +13,7 @@
 
 #include "filters/aquarelle.h"
 #include "filters/artistic_reference.h"
+#include "filters/diffuse.h"
 #include "filters/invert.h"
 #include "filters/mosaic.h"
 #include "filters/soft_focus.h"
@@ -77,6 +78,24 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
                 }
             });
     }
+    add(
+        "Diffuse 5 : randu + remap",
+        [](ImageDocument& d) {
+            SharedRandomStream::giveBack(RandomStream());
+            diffuse(d, 5);
+        },
+        [](const Picture& p) {
+            RandomStream stream;
+            return reference::diffuse(p, 5, stream);
+        },
+        [&source, &target, places = std::make_shared<cv::Mat>(source.size(), CV_16SC2)] {
+            cv::randu(*places, cv::Scalar::all(-5), cv::Scalar::all(6));
+            for (int y = 0; y < places->rows; ++y) {
+                auto* const row = places->ptr<cv::Vec2s>(y);
+                for (int x = 0; x < places->cols; ++x) row[x] += cv::Vec2s(short(x), short(y));
+            }
+            cv::remap(source, target, *places, cv::Mat(), cv::INTER_NEAREST, cv::BORDER_REPLICATE);
+        });
     return rows;
 }
 

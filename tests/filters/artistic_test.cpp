@@ -7,6 +7,7 @@
 
 #include "filters/aquarelle.h"
 #include "filters/artistic_reference.h"
+#include "filters/diffuse.h"
 #include "filters/focal_bw.h"
 #include "filters/mosaic.h"
 #include "filters/soft_focus.h"
@@ -24,6 +25,8 @@ constexpr bool kFastBuild = true;
 #else
 constexpr bool kFastBuild = false;
 #endif
+
+constexpr std::uint32_t kSeed = 0x2468ACE1u;
 
 struct Operation {
     std::string name;
@@ -100,6 +103,18 @@ std::vector<Operation> allOperations() {
                 return reference::softFocus(p, n, r1, r2, x, y);
             });
     }
+    for (int reach : {1, 2, 9, 300, 70000, 1 << 30, INT_MAX}) {
+        add(
+            named("diffuse", reach),
+            [=](ImageDocument& d) {
+                SharedRandomStream::giveBack(RandomStream(kSeed));
+                diffuse(d, reach);
+            },
+            [=](const Picture& p) {
+                RandomStream stream(kSeed);
+                return reference::diffuse(p, reach, stream);
+            });
+    }
     return all;
 }
 
@@ -164,8 +179,8 @@ TEST(Artistic, EqualTheirDefinitionsOnSmallPictures) {
 TEST(Artistic, EqualTheirDefinitionsOnAPictureBeyondTheCaches) {
     const Picture source = picture(3001, 2113, 99u, true);
     for (const Operation& operation : allOperations()) {
-        for (const char* name :
-             {"mosaic 1 5", "mosaic 0 16", "mosaic 1 40", "focalBW 10 20 15 12", "softFocus 9 4 12 30 -6"}) {
+        for (const char* name : {"mosaic 1 5", "mosaic 0 16", "mosaic 1 40", "focalBW 10 20 15 12",
+                                 "softFocus 9 4 12 30 -6", "diffuse 9"}) {
             if (operation.name == name && kFastBuild) checkOperation(operation, source);
         }
     }
@@ -212,6 +227,22 @@ TEST(Artistic, AnyNumberOfPassesEnds) {
     EXPECT_EQ(test::pictureOf(endless), test::pictureOf(thousand));
 }
 
+TEST(Artistic, DiffuseLeavesTheStreamWhereTheLastDrawDoes) {
+    const Picture source = picture(31, 17, 2u);
+    onEveryTarget([&] {
+        ImageDocument document, empty;
+        test::loadPicture(document, source.pixels, 31, 17);
+        SharedRandomStream::giveBack(RandomStream(kSeed));
+        diffuse(empty, 4);
+        diffuse(document, 0);
+        EXPECT_EQ(SharedRandomStream::take().state(), kSeed);
+        diffuse(document, 4);
+        RandomStream walked(kSeed);
+        for (int draw = 0; draw < 2 * 31 * 17; ++draw) walked.next();
+        EXPECT_EQ(SharedRandomStream::take().state(), walked.state());
+    });
+}
+
 TEST(Artistic, RefusedParametersChangeNothing) {
     const struct {
         const char* name;
@@ -230,6 +261,9 @@ TEST(Artistic, RefusedParametersChangeNothing) {
         {"softFocus 1 1 0", [](ImageDocument& d) { softFocus(d, 1, 1, 0, 0, 0); }, false, false},
         {"softFocus 1 1 INT_MIN", [](ImageDocument& d) { softFocus(d, 1, 1, INT_MIN, 0, 0); }, false, false},
         {"softFocus 1 1 1", [](ImageDocument& d) { softFocus(d, 1, 1, 1, 0, 0); }, true, true},
+        {"diffuse 0", [](ImageDocument& d) { diffuse(d, 0); }, false, false},
+        {"diffuse INT_MIN", [](ImageDocument& d) { diffuse(d, INT_MIN); }, false, false},
+        {"diffuse 1", [](ImageDocument& d) { diffuse(d, 1); }, true, true},
         {"focalBW 99 0 0 0", [](ImageDocument& d) { focalBW(d, 99, 0, 0, 0); }, true, false},
     };
     const Picture source = picture(9, 9, 3u);

@@ -12,6 +12,7 @@
 #include "filters/brightness.h"
 #include "filters/contrast.h"
 #include "filters/desaturate.h"
+#include "filters/diffuse.h"
 #include "filters/emboss.h"
 #include "filters/focal_bw.h"
 #include "filters/gamma.h"
@@ -111,7 +112,8 @@ constexpr Member kRows[] = {
     {.id = 0x0C,
      .name = "Diffuse",
      .help = "Replaces pixels by random neighbours, as through frosted glass.",
-     .parameters = {{"nVal", Long, "reach in pixels, from 1"}}},
+     .parameters = {{"nVal", Long, "reach in pixels, from 1"}},
+     .call = filter<&diffuse>},
     {.id = 0x0D,
      .name = "Blur",
      .help = "Replaces every pixel by the mean of the square around it.",

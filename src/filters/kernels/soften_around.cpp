@@ -37,11 +37,12 @@ class Softening {
           writer_(target),
           inputs_(std::size_t(passes * kWindowRows), LaneRow<std::uint8_t>(std::size_t(target.width), 1, 1)),
           rims_(std::size_t(passes), RimRow{{}, LaneRow<std::uint16_t>(rimWidth(), 0, 0)}),
-          sums_(rimWidth(), 0, 0) {
+          sums_(rimWidth(), 0, 0),
+          rimPlaces_(rimWidth() + 16) {
         if (hasShortWeights()) {
             for (int d = 0; d < std::min(circle.rim, kMaxShortRim); ++d) {
-                shortWeights_.push_back(
-                    static_cast<std::uint16_t>(centreWeight(circle.radius + std::int64_t{d}) - 1));
+                const std::int32_t weight = centreWeight(circle.radius + std::int64_t{d}) - 1;
+                shortWeights_.push_back(static_cast<std::uint64_t>(weight) * 0x0001000100010001u);
             }
         }
     }
@@ -119,9 +120,30 @@ class Softening {
     }
 
     void prepareWeights(RimRow& rim, int y, int begin, int end) {
+        findRimPlaces(y, begin, end);
         for (int x = begin; x < end; ++x) {
-            const std::int64_t d = circle_.distance(x, y) - circle_.radius;
-            std::fill_n(rim.weights.at(x), kChannels, shortWeights_[std::size_t(d)]);
+            const std::uint64_t fourfold = shortWeights_[std::size_t(rimPlaces_[std::size_t(x)])];
+            std::memcpy(rim.weights.at(x), &fourfold, sizeof fourfold);
+        }
+    }
+
+    /// How far beyond the circle's radius these columns are, in whole pixels.
+    void findRimPlaces(int y, int begin, int end) {
+        int x = begin;
+#if HWY_TARGET != HWY_SCALAR && HWY_HAVE_FLOAT64
+        const hn::ScalableTag<double> df;
+        const hn::Rebind<std::int32_t, decltype(df)> di;
+        const double dy = double(circle_.centreY) - y;
+        for (; x < end; x += int(hn::Lanes(df))) {
+            const auto dx = hn::Sub(hn::Set(df, double(circle_.centreX) - x), hn::Iota(df, 0.0));
+            const auto distance = hn::Sqrt(hn::Add(hn::Mul(dx, dx), hn::Set(df, dy * dy)));
+            // The difference is exact, and the radius whole, so that the fraction may as well go last.
+            const auto beyond = hn::Sub(distance, hn::Set(df, double(circle_.radius)));
+            hn::StoreU(hn::DemoteTo(di, beyond), di, &rimPlaces_[std::size_t(x)]);
+        }
+#endif
+        for (; x < end; ++x) {
+            rimPlaces_[std::size_t(x)] = static_cast<std::int32_t>(circle_.distance(x, y) - circle_.radius);
         }
     }
 
@@ -220,7 +242,8 @@ class Softening {
     std::vector<LaneRow<std::uint8_t>> inputs_;
     std::vector<RimRow> rims_;
     LaneRow<std::int16_t> sums_;
-    std::vector<std::uint16_t> shortWeights_;
+    std::vector<std::uint64_t> shortWeights_;  // by place on the rim; four times each
+    std::vector<std::int32_t> rimPlaces_;      // one row
     const std::uint8_t* alphas_ = nullptr;
     int passes_ = 0;
     bool comparing_ = false, changed_ = false;
