@@ -4,6 +4,7 @@
 
 #include <hwy/targets.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
@@ -14,6 +15,8 @@
 #include "filters/aquarelle.h"
 #include "filters/artistic_reference.h"
 #include "filters/diffuse.h"
+#include "filters/glow.h"
+#include "filters/glowing_edge.h"
 #include "filters/invert.h"
 #include "filters/mosaic.h"
 #include "filters/soft_focus.h"
@@ -32,6 +35,18 @@ struct Comparison {
     std::function<std::vector<Argb>(const Picture&)> expected;
     std::function<void()> theirs;
 };
+
+/// Weights that fall off with the distance.
+cv::Mat discKernel(int radius) {
+    cv::Mat kernel(2 * radius + 1, 2 * radius + 1, CV_32F, cv::Scalar::all(0));
+    for (int y = -radius; y <= radius; ++y) {
+        for (int x = -radius; x <= radius; ++x) {
+            const int d = int(std::sqrt(x * x + y * y));
+            if (d >= 1 && d <= radius) kernel.at<float>(y + radius, x + radius) = 0.01f / float(d);
+        }
+    }
+    return kernel;
+}
 
 std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
     std::vector<Comparison> rows;
@@ -96,6 +111,29 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
             }
             cv::remap(source, target, *places, cv::Mat(), cv::INTER_NEAREST, cv::BORDER_REPLICATE);
         });
+    // One plane of light, spread and added to all channels. Of the photograph's pixels all shine from level 1
+    // on, 43 % from 100, 0.5 % from 190, 0.16 % from 205, and none from 256.
+    const auto spread = [&source, &target](int level, int radius) {
+        return
+            [&source, &target, level, kernel = discKernel(radius), planes = std::make_shared<cv::Mat[]>(4)] {
+                cv::cvtColor(source, planes[0], cv::COLOR_BGRA2GRAY);
+                cv::threshold(planes[0], planes[1], level - 1, 0, cv::THRESH_TOZERO);
+                cv::filter2D(planes[1], planes[2], CV_8U, kernel, {-1, -1}, 0, cv::BORDER_CONSTANT);
+                cv::cvtColor(planes[2], planes[3], cv::COLOR_GRAY2BGRA);
+                cv::add(source, planes[3], target);
+            };
+    };
+    for (const auto& [level, radius] :
+         {std::pair(1, 3), std::pair(1, 10), std::pair(1, 20), std::pair(190, 10), std::pair(205, 10),
+          std::pair(256, 10), std::pair(205, 50)}) {
+        add(
+            "Glow " + std::to_string(level) + " " + std::to_string(radius) + " 5 : filter2D + add",
+            [=](ImageDocument& d) { glow(d, level, radius, 5); },
+            [=](const Picture& p) { return reference::glow(p, level, radius, 5); }, spread(level, radius));
+    }
+    add(
+        "GlowingEdge 100 10 5 : filter2D + add", [](ImageDocument& d) { glowingEdge(d, 100, 10, 5); },
+        [](const Picture& p) { return reference::glowingEdge(p, 100, 10, 5); }, spread(100, 10));
     return rows;
 }
 

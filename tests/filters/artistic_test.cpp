@@ -9,6 +9,14 @@
 #include "filters/artistic_reference.h"
 #include "filters/diffuse.h"
 #include "filters/focal_bw.h"
+#include "filters/glow.h"
+#include "filters/glowing_edge.h"
+#include "filters/kernels/add_glow.h"
+#include "filters/kernels/convolve_3x3.h"
+#include "filters/kernels/displace_pixels.h"
+#include "filters/kernels/fade_to_grey.h"
+#include "filters/kernels/mosaic_tiles.h"
+#include "filters/kernels/soften_around.h"
 #include "filters/mosaic.h"
 #include "filters/soft_focus.h"
 #include "support/every_target.h"
@@ -115,6 +123,30 @@ std::vector<Operation> allOperations() {
                 return reference::diffuse(p, reach, stream);
             });
     }
+    const int lights[][3] = {{1, 1, 1},    {1, 10, 5},       {120, 3, 30},    {200, 10, 100},   {250, 7, 2},
+                             {255, 25, 1}, {256, 3, 3},      {INT_MAX, 2, 2}, {1, 20, INT_MAX}, {40, 40, 8},
+                             {1, 300, 1},  {230, 5000, 400}, {90, 17, 12}};
+    for (const auto& c : lights) {
+        add(
+            named("glow", c[0], c[1], c[2]),
+            [=, l = c[0], r = c[1], i = c[2]](ImageDocument& d) { glow(d, l, r, i); },
+            [=, l = c[0], r = c[1], i = c[2]](const Picture& p) { return reference::glow(p, l, r, i); });
+        add(
+            named("glowingEdge", c[0], c[1], c[2]),
+            [=, l = c[0], r = c[1], i = c[2]](ImageDocument& d) { glowingEdge(d, l, r, i); },
+            [=, l = c[0], r = c[1], i = c[2]](const Picture& p) {
+                return reference::glowingEdge(p, l, r, i);
+            });
+    }
+    const int noLights[][3] = {{0, 5, 5}, {5, 0, 5}, {5, 5, INT_MIN}};
+    for (const auto& c : noLights) {
+        add(
+            named("glowingEdge", c[0], c[1], c[2]),
+            [=, l = c[0], r = c[1], i = c[2]](ImageDocument& d) { glowingEdge(d, l, r, i); },
+            [=, l = c[0], r = c[1], i = c[2]](const Picture& p) {
+                return reference::glowingEdge(p, l, r, i);
+            });
+    }
     return all;
 }
 
@@ -179,9 +211,57 @@ TEST(Artistic, EqualTheirDefinitionsOnSmallPictures) {
 TEST(Artistic, EqualTheirDefinitionsOnAPictureBeyondTheCaches) {
     const Picture source = picture(3001, 2113, 99u, true);
     for (const Operation& operation : allOperations()) {
-        for (const char* name : {"mosaic 1 5", "mosaic 0 16", "mosaic 1 40", "focalBW 10 20 15 12",
-                                 "softFocus 9 4 12 30 -6", "diffuse 9"}) {
+        for (const char* name :
+             {"mosaic 1 5", "mosaic 0 16", "mosaic 1 40", "focalBW 10 20 15 12", "softFocus 9 4 12 30 -6",
+              "diffuse 9", "glow 120 3 30", "glow 250 7 2", "glowingEdge 120 3 30"}) {
             if (operation.name == name && kFastBuild) checkOperation(operation, source);
+        }
+    }
+}
+
+// Pictures of one column or row reach the kernels only from within, and never as a document.
+TEST(Artistic, EqualTheirDefinitionsOnOneRowAndOneColumn) {
+    const FocusCircle circle{3, 5, 4, 1};
+    const struct {
+        const char* name;
+        std::function<void(PixelView, MutablePixelView)> run;
+        std::function<std::vector<Argb>(const Picture&)> expected;
+    } kernels[] = {
+        {"mosaic", [](PixelView s, MutablePixelView t) { mosaicTiles(s, t, TileColour::Mean, 1); },
+         [](const Picture& p) { return reference::mosaic(p, 1, 1); }},
+        {"fade", [&](PixelView s, MutablePixelView t) { fadeToGrey(s, t, circle); },
+         [](const Picture& p) { return reference::focalBW(p, 3, 5, 4, 1); }},
+        {"soften", [&](PixelView s, MutablePixelView t) { softenAround(s, t, circle, 11); },
+         [](const Picture& p) { return reference::softFocus(p, 11, 3, 5, 4, 1); }},
+        {"displace",
+         [](PixelView s, MutablePixelView t) {
+             RandomStream stream(kSeed);
+             displacePixels(s, t, 6, stream);
+         },
+         [](const Picture& p) {
+             RandomStream stream(kSeed);
+             return reference::diffuse(p, 6, stream);
+         }},
+        {"glow",
+         [](PixelView s, MutablePixelView t) {
+             addGlow(s, t, {90, 6, 9});
+         },
+         [](const Picture& p) { return reference::glow(p, 90, 6, 9); }},
+        {"outline", outlinePixels, [](const Picture& p) { return reference::glowingEdge(p, 0, 0, 0); }},
+    };
+    const IntSize sizes[] = {{1, 1}, {1, 2}, {1, 9}, {3, 1}, {17, 1}, {64, 1}, {139, 1}, {1, 70}};
+    for (const auto& [width, height] : sizes) {
+        const Picture source = picture(width, height, unsigned(width + height));
+        for (const auto& kernel : kernels) {
+            const std::vector<Argb> expected = kernel.expected(source);
+            onEveryTarget([&, w = width, h = height] {
+                constexpr Argb kGuard = 0x5AC35AC3u;
+                std::vector<Argb> target(expected.size() + 2, kGuard);
+                kernel.run(source.view(), {target.data() + 1, w, h, w});
+                EXPECT_TRUE(target.front() == kGuard && target.back() == kGuard) << kernel.name;
+                const std::vector<Argb> actual(target.begin() + 1, target.end() - 1);
+                EXPECT_EQ(difference(actual, expected, w), "") << kernel.name << ", " << w << " x " << h;
+            });
         }
     }
 }
@@ -243,6 +323,37 @@ TEST(Artistic, DiffuseLeavesTheStreamWhereTheLastDrawDoes) {
     });
 }
 
+// Sums that lie on whole numbers, or next to them, are where the order of the terms shows.
+TEST(Artistic, GlowOfFlatPicturesIsExact) {
+    for (unsigned level : {1u, 17u, 51u, 85u, 170u, 255u}) {
+        Picture flat{149, 61, std::vector<Argb>(149 * 61, makeOpaque(level, level, level))};
+        const int lights[][3] = {{1, 1, 1}, {1, 2, 1}, {1, 4, 1}, {1, 9, 3}, {1, 16, 1}};
+        for (const auto& c : lights) {
+            const Operation operation{
+                named("glow of", level, c[1], c[2]),
+                [=, r = c[1], i = c[2]](ImageDocument& d) { glow(d, 1, r, i); },
+                [=, r = c[1], i = c[2]](const Picture& p) { return reference::glow(p, 1, r, i); }};
+            checkOperation(operation, flat);
+        }
+    }
+}
+
+TEST(Artistic, GlowIsExactFromOneLightToAll) {
+    for (unsigned share : {1u, 3u, 10u, 30u, 100u, 300u, 1000u}) {  // in thousands
+        Picture sky{277, 131, test::randomPicture(277 * 131, share)};
+        for (std::size_t i = 0; i < sky.pixels.size(); ++i) {
+            const bool lit = i * 7919 % 1000 < share;
+            sky.pixels[i] = lit ? sky.pixels[i] | 0x00E0E0E0u : sky.pixels[i] & 0xFF3F3F3Fu;
+        }
+        for (int radius : {4, 12, 33}) {
+            const Operation operation{named("glow", share, radius),
+                                      [=](ImageDocument& d) { glow(d, 224, radius, 4); },
+                                      [=](const Picture& p) { return reference::glow(p, 224, radius, 4); }};
+            checkOperation(operation, sky);
+        }
+    }
+}
+
 TEST(Artistic, RefusedParametersChangeNothing) {
     const struct {
         const char* name;
@@ -264,6 +375,12 @@ TEST(Artistic, RefusedParametersChangeNothing) {
         {"diffuse 0", [](ImageDocument& d) { diffuse(d, 0); }, false, false},
         {"diffuse INT_MIN", [](ImageDocument& d) { diffuse(d, INT_MIN); }, false, false},
         {"diffuse 1", [](ImageDocument& d) { diffuse(d, 1); }, true, true},
+        {"glow 0 1 1", [](ImageDocument& d) { glow(d, 0, 1, 1); }, false, false},
+        {"glow 1 0 1", [](ImageDocument& d) { glow(d, 1, 0, 1); }, false, false},
+        {"glow 1 1 0", [](ImageDocument& d) { glow(d, 1, 1, 0); }, false, false},
+        {"glow 1 INT_MIN 1", [](ImageDocument& d) { glow(d, 1, INT_MIN, 1); }, false, false},
+        {"glow 1 INT_MAX 1", [](ImageDocument& d) { glow(d, 1, INT_MAX, 1); }, true, true},
+        {"glowingEdge 0 0 0", [](ImageDocument& d) { glowingEdge(d, 0, 0, 0); }, true, true},
         {"focalBW 99 0 0 0", [](ImageDocument& d) { focalBW(d, 99, 0, 0, 0); }, true, false},
     };
     const Picture source = picture(9, 9, 3u);

@@ -17,6 +17,8 @@
 #include "filters/focal_bw.h"
 #include "filters/gamma.h"
 #include "filters/gaussian_blur.h"
+#include "filters/glow.h"
+#include "filters/glowing_edge.h"
 #include "filters/histograms.h"
 #include "filters/hue.h"
 #include "filters/invert.h"
@@ -236,7 +238,8 @@ constexpr Member kRows[] = {
      .help = "Lets bright pixels shine over their surroundings.",
      .parameters = {{"Level", Long, "level, from 1, that R, G and B of a shining pixel reach"},
                     {"Radius", Long, "reach in pixels, from 1"},
-                    {"Intensity", Long, "strength, from 1; larger values also fall off faster"}}},
+                    {"Intensity", Long, "strength, from 1; larger values also fall off faster"}},
+     .call = filter<&glow>},
     {.id = 0x3F,
      .name = "Hue",
      .help = "Colours the picture: black through one colour to white.",
@@ -253,7 +256,8 @@ constexpr Member kRows[] = {
      .help = "Shows edges as glowing lines.",
      .parameters = {{"Level", Long, "level, from 1, that R, G and B of a shining edge reach"},
                     {"Radius", Long, "reach in pixels, from 1"},
-                    {"Intensity", Long, "strength, from 1; larger values also fall off faster"}}},
+                    {"Intensity", Long, "strength, from 1; larger values also fall off faster"}},
+     .call = filter<&glowingEdge>},
     {.id = 0x47,
      .name = "SoftFocus",
      .help = "Blurs everything outside a circle, softly from its rim.",

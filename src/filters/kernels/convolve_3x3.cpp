@@ -74,6 +74,17 @@ struct Laplace {
     }
 };
 
+struct Outline {
+    HWY_INLINE LevelVector operator()(const Window<1>& window, std::size_t firstByte) const {
+        auto all = hn::Zero(ShortTag());
+        for (int dy = -1; dy <= 1; ++dy) {
+            for (int dx = -1; dx <= 1; ++dx) all = hn::Add(all, window.shorts(dx, dy));
+        }
+        const auto centre = window.shorts(0, 0);
+        return clampedLevels(hn::Sub(hn::Add(hn::ShiftLeft<3>(centre), centre), all), firstByte);
+    }
+};
+
 /// One side of the window less the other one, the middle of a side counting twice.
 template <Rising kRising>
 struct Gradient {
@@ -101,6 +112,8 @@ void sharpenContrasted(PixelView source, MutablePixelView target, std::uint8_t l
 
 void laplace(PixelView source, MutablePixelView target) { forEachWindow<1>(source, target, Laplace()); }
 
+void outline(PixelView source, MutablePixelView target) { forEachWindow<1>(source, target, Outline()); }
+
 void gradient(PixelView source, MutablePixelView target, Rising rising) {
     switch (rising) {
         case Rising::Right:
@@ -124,6 +137,7 @@ namespace orvane {
 HWY_EXPORT(sharpen);
 HWY_EXPORT(sharpenContrasted);
 HWY_EXPORT(laplace);
+HWY_EXPORT(outline);
 HWY_EXPORT(gradient);
 
 void sharpenPixels(PixelView source, MutablePixelView target) noexcept {
@@ -142,6 +156,10 @@ void sharpenContrastedPixels(PixelView source, MutablePixelView target, int leve
 
 void laplacePixels(PixelView source, MutablePixelView target) noexcept {
     HWY_DYNAMIC_DISPATCH(laplace)(source, target);
+}
+
+void outlinePixels(PixelView source, MutablePixelView target) noexcept {
+    HWY_DYNAMIC_DISPATCH(outline)(source, target);
 }
 
 void gradientPixels(PixelView source, MutablePixelView target, Rising rising) noexcept {

@@ -22,6 +22,11 @@ void sharpenContrastedPixels(PixelView source, MutablePixelView target, int leve
 ///      0 -1  0
 void laplacePixels(PixelView source, MutablePixelView target) noexcept;
 
+///     -1 -1 -1
+///     -1  8 -1                every target pixel is written, with alpha 255
+///     -1 -1 -1
+void outlinePixels(PixelView source, MutablePixelView target) noexcept;
+
 /// Where brightness has to rise for a gradient to show.
 enum class Rising { Right, Left, Down, Up };
 
