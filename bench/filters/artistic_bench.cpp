@@ -2,11 +2,7 @@
 //
 //     artistic_bench [width height [instruction set [rows that contain this]]]
 
-#include <hwy/targets.h>
-
 #include <cmath>
-#include <cstdlib>
-#include <cstring>
 #include <functional>
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
@@ -17,24 +13,16 @@
 #include "filters/diffuse.h"
 #include "filters/glow.h"
 #include "filters/glowing_edge.h"
-#include "filters/invert.h"
 #include "filters/mosaic.h"
 #include "filters/soft_focus.h"
-#include "support/photograph.h"
-#include "support/pictures.h"
-#include "support/ratio_timer.h"
+#include "support/filter_bench.h"
 
 namespace orvane {
 namespace {
 
 using reference::Picture;
 
-struct Comparison {
-    std::string name;
-    std::function<void(ImageDocument&)> ours;
-    std::function<std::vector<Argb>(const Picture&)> expected;
-    std::function<void()> theirs;
-};
+using Comparison = bench::FilterComparison;
 
 /// Weights that fall off with the distance.
 cv::Mat discKernel(int radius) {
@@ -137,54 +125,7 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
     return rows;
 }
 
-bool isRight(const Comparison& comparison) {
-    const Picture picture{83, 71, test::randomPicture(83 * 71, 11u)};
-    ImageDocument document;
-    test::loadPicture(document, picture.pixels, picture.width, picture.height);
-    comparison.ours(document);
-    return test::pictureOf(document) == comparison.expected(picture);
-}
-
-int run(int width, int height, const char* part) {
-    auto pixels = bench::photograph(width, height);
-    const cv::Mat source(height, width, CV_8UC4, pixels.data());
-    cv::Mat target(height, width, CV_8UC4, cv::Scalar::all(1));
-
-    ImageDocument document;
-    test::loadPicture(document, pixels, width, height);
-    for (int i = 0; i < 2 * HistoryStack::kHistorySlots; ++i) invert(document);
-
-    std::printf("%d x %d, %s\n", width, height,
-                hwy::TargetName(hwy::SupportedTargets() & -hwy::SupportedTargets()));
-    bench::printRatioHeader();
-    for (const Comparison& comparison : comparisons(source, target)) {
-        if (part != nullptr && comparison.name.find(part) == std::string::npos) continue;
-        if (!isRight(comparison)) {
-            std::printf("%s: wrong result\n", comparison.name.c_str());
-            return 1;
-        }
-        // Each call starts from the same picture: a step is taken back at no cost.
-        const auto ours = [&] {
-            comparison.ours(document);
-            document.undo();
-        };
-        bench::printRatioRow(comparison.name.c_str(),
-                             bench::measureRatio(ours, comparison.theirs, {3, 3, 1.0}));
-    }
-    return 0;
-}
-
 }  // namespace
 }  // namespace orvane
 
-int main(int argc, char** argv) {
-    cv::setNumThreads(1);
-    const int width = argc > 2 ? std::atoi(argv[1]) : 4000, height = argc > 2 ? std::atoi(argv[2]) : 3000;
-    for (const std::int64_t target : hwy::SupportedAndGeneratedTargets()) {
-        if (argc > 3 && std::strcmp(hwy::TargetName(target), argv[3]) == 0) {
-            hwy::SetSupportedTargetsForTest(target);
-            break;
-        }
-    }
-    return orvane::run(width, height, argc > 4 ? argv[4] : nullptr);
-}
+int main(int argc, char** argv) { return orvane::bench::runFilterBench(argc, argv, orvane::comparisons); }
