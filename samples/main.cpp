@@ -83,8 +83,8 @@ bool writeBmp(const char* path, const std::vector<std::uint8_t>& bgr, int width,
 int main(int argc, char** argv) {
     constexpr int kSmallest = 16, kLargest = 16000;
     const int width = argc > 3 ? std::atoi(argv[2]) : 1920, height = argc > 3 ? std::atoi(argv[3]) : 1280;
-    if ((argc != 2 && argc != 4) || width < kSmallest || height < kSmallest || width > kLargest ||
-        height > kLargest) {
+    if ((argc != 2 && argc != 4) || argv[1][0] == '-' || width < kSmallest || height < kSmallest ||
+        width > kLargest || height > kLargest) {
         std::fprintf(
             stderr, "usage: %s OUT.bmp [WIDTH HEIGHT]   (1920 x 1280 unless given; %d to %d pixels a side)\n",
             argv[0], kSmallest, kLargest);

@@ -189,8 +189,10 @@ struct Windows<4> {
 // What all rows of a tile take together should stay in the nearest cache.
 constexpr std::size_t kTileBytes = std::size_t{40} << 10;
 
-// Results from this size on leave the caches anyway before anyone reads them.
+// Results from this size on leave the caches anyway before anyone reads them. Around the caches pays only
+// where the arithmetic is so short that memory is what a pass waits for.
 constexpr std::size_t kStreamedBytes = std::size_t{24} << 20;
+constexpr int kLargestStreamedRadius = 2;
 
 /// The medians of `count` columns from `first` on, for all rows.
 template <int kRadius>
@@ -208,7 +210,8 @@ class MedianTile {
 
     MedianTile(PixelView source, int widest)
         : source_(source),
-          streamed_(source.pixelCount() * sizeof(Argb) >= kStreamedBytes),
+          streamed_(kRadius <= kLargestStreamedRadius &&
+                    source.pixelCount() * sizeof(Argb) >= kStreamedBytes),
           // Each stage runs in whole vectors and reads what lies to the right of where it writes.
           rowLength_(std::size_t(widest) + 2 * kRadius + 2 * hn::Lanes(Bytes()) + 2 * kSide),
           memory_(rowLength_ * kRows) {
@@ -259,7 +262,7 @@ class MedianTile {
             return opaque(Windows<kRadius>::median(columns, pairs, quads, i), i);
         };
         std::size_t i = 0;
-        if (streamed_ && end >= 2 * lanes) {
+        if (kRadius <= kLargestStreamedRadius && streamed_ && end >= 2 * lanes) {
             const std::size_t past = reinterpret_cast<std::uintptr_t>(bytes) % lanes;
             if (past != 0) hn::StoreU(medians(0), d, bytes);
             for (i = (lanes - past) % lanes; i + lanes <= end; i += lanes)
