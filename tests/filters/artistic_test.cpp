@@ -8,6 +8,7 @@
 #include "filters/aquarelle.h"
 #include "filters/artistic_reference.h"
 #include "filters/diffuse.h"
+#include "filters/filter_checks.h"
 #include "filters/focal_bw.h"
 #include "filters/glow.h"
 #include "filters/glowing_edge.h"
@@ -19,35 +20,19 @@
 #include "filters/kernels/soften_around.h"
 #include "filters/mosaic.h"
 #include "filters/soft_focus.h"
-#include "support/every_target.h"
-#include "support/pictures.h"
 
 namespace orvane {
 namespace {
 
 using reference::Picture;
+using test::checkOperation;
+using test::difference;
+using test::kFastBuild;
+using test::named;
 using test::onEveryTarget;
-
-#ifdef NDEBUG
-constexpr bool kFastBuild = true;
-#else
-constexpr bool kFastBuild = false;
-#endif
+using test::Operation;
 
 constexpr std::uint32_t kSeed = 0x2468ACE1u;
-
-struct Operation {
-    std::string name;
-    std::function<void(ImageDocument&)> run;
-    std::function<std::vector<Argb>(const Picture&)> expected;
-};
-
-template <class... Values>
-std::string named(const char* name, Values... values) {
-    std::string text = name;
-    ((text += " " + std::to_string(values)), ...);
-    return text;
-}
 
 /// Parameters in the middle of their ranges, at their ends and far beyond.
 std::vector<Operation> allOperations() {
@@ -160,32 +145,6 @@ Picture picture(int width, int height, unsigned seed, bool opaque = false) {
         if (opaque || part == 3) result.pixels[i] |= 0xFF000000u;
     }
     return result;
-}
-
-std::string difference(const std::vector<Argb>& actual, const std::vector<Argb>& expected, int width) {
-    if (actual.size() != expected.size()) return "sizes differ";
-    for (std::size_t i = 0; i < actual.size(); ++i) {
-        if (actual[i] == expected[i]) continue;
-        char text[128];
-        std::snprintf(text, sizeof text, "pixel %d, %d: %08X, not %08X", int(i) % width, int(i) / width,
-                      actual[i], expected[i]);
-        return text;
-    }
-    return {};
-}
-
-void checkOperation(const Operation& operation, const Picture& source) {
-    const std::vector<Argb> expected = operation.expected(source);
-    onEveryTarget([&] {
-        ImageDocument document;
-        test::loadPicture(document, source.pixels, source.width, source.height);
-        operation.run(document);
-        EXPECT_EQ(difference(test::pictureOf(document), expected, source.width), "")
-            << operation.name << ", " << source.width << " x " << source.height;
-        EXPECT_TRUE(document.undoEnabled()) << operation.name;
-        document.undo();
-        EXPECT_TRUE(test::pictureOf(document) == source.pixels && !document.undoEnabled()) << operation.name;
-    });
 }
 
 TEST(Artistic, EqualTheirDefinitionsAtEveryWidth) {

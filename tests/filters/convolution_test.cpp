@@ -9,6 +9,7 @@
 #include "filters/blur.h"
 #include "filters/convolution_reference.h"
 #include "filters/emboss.h"
+#include "filters/filter_checks.h"
 #include "filters/gaussian_blur.h"
 #include "filters/kernels/box_blur.h"
 #include "filters/kernels/byte_quotient.h"
@@ -22,8 +23,6 @@
 #include "filters/smart_blur.h"
 #include "filters/sobel.h"
 #include "filters/user_effect.h"
-#include "support/every_target.h"
-#include "support/pictures.h"
 #include "support/test_control.h"
 
 namespace orvane {
@@ -31,26 +30,12 @@ namespace {
 
 using reference::Picture;
 using reference::Weights;
+using test::checkOperation;
+using test::difference;
+using test::kFastBuild;
+using test::named;
 using test::onEveryTarget;
-
-#ifdef NDEBUG
-constexpr bool kFastBuild = true;
-#else
-constexpr bool kFastBuild = false;
-#endif
-
-struct Operation {
-    std::string name;
-    std::function<void(ImageDocument&)> run;
-    std::function<std::vector<Argb>(const Picture&)> expected;
-};
-
-template <class... Values>
-std::string named(const char* name, Values... values) {
-    std::string text = name;
-    ((text += " " + std::to_string(values)), ...);
-    return text;
-}
+using test::Operation;
 
 std::vector<Weights> userKernels() {
     return {
@@ -143,30 +128,6 @@ Picture picture(int width, int height, unsigned seed) {
         if (part == 2) result.pixels[i] |= 0x00F8F8F8u;
     }
     return result;
-}
-
-std::string difference(const std::vector<Argb>& actual, const std::vector<Argb>& expected, int width) {
-    if (actual.size() != expected.size()) return "sizes differ";
-    for (std::size_t i = 0; i < actual.size(); ++i) {
-        if (actual[i] == expected[i]) continue;
-        char text[128];
-        std::snprintf(text, sizeof text, "pixel %d, %d: %08X, not %08X", int(i) % width, int(i) / width,
-                      actual[i], expected[i]);
-        return text;
-    }
-    return {};
-}
-
-void checkOperation(const Operation& operation, const Picture& source) {
-    const std::vector<Argb> expected = operation.expected(source);
-    onEveryTarget([&] {
-        ImageDocument document;
-        test::loadPicture(document, source.pixels, source.width, source.height);
-        operation.run(document);
-        EXPECT_EQ(difference(test::pictureOf(document), expected, source.width), "")
-            << operation.name << ", " << source.width << " x " << source.height;
-        EXPECT_TRUE(document.undoEnabled()) << operation.name;
-    });
 }
 
 TEST(Convolution, EqualsItsDefinitionsAtEveryWidth) {
