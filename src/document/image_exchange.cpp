@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "document/image_document.h"
+#include "document/surface_file.h"
 #include "platform/files.h"
 #include "platform/image_codecs.h"
 
@@ -11,16 +12,6 @@ namespace orvane {
 namespace {
 
 constexpr int kSmallestLoadedSide = 2;
-
-/// Lets a decoder write straight into the surface that becomes the document's first state.
-class SurfaceTarget final : public DecodeTarget {
- public:
-    MutablePixelView allocate(int width, int height) override {
-        surface = PixelSurface::create(width, height);
-        return surface.overwrite();
-    }
-    PixelSurface surface;
-};
 
 bool isLoadable(const PixelSurface& surface) {
     return surface.width() >= kSmallestLoadedSide && surface.height() >= kSmallestLoadedSide;
@@ -30,11 +21,9 @@ bool isLoadable(const PixelSurface& surface) {
 
 bool ImageDocument::loadImage(std::string_view path) noexcept {
     clearDocument();
-    const auto bytes = readWholeFile(path);
-    if (!bytes) return false;
-    SurfaceTarget target;
-    if (!decodeImage(*bytes, target) || !isLoadable(target.surface)) return false;
-    history.start(std::move(target.surface));
+    PixelSurface surface = loadSurface(path);
+    if (!isLoadable(surface)) return false;
+    history.start(std::move(surface));
     view.showLoadedImage(size());
     return true;
 }
