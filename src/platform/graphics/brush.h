@@ -22,9 +22,13 @@ struct HatchBrush {
     Argb foreground = 0, background = 0;
 };
 
+/// Left to right, top to bottom, upper left to lower right, upper right to lower left.
 enum class GradientMode { Horizontal, Vertical, ForwardDiagonal, BackwardDiagonal };
 
-/// A linear run of colours across a rectangle, repeated in both directions beyond it.
+/// A linear run of colours across a rectangle, repeated in both directions beyond it, never mirrored. A pixel
+/// has the colour of its centre; along a diagonal, colours are the same on lines parallel to the other
+/// diagonal, so the corners that are not the ends lie halfway. Positions are whole 65536ths of the run,
+/// rounded down; straight channels and alpha follow them linearly, rounded to nearest.
 struct GradientBrush {
     IntRect area;  ///< an empty one gives the first colour everywhere
     Argb from = 0, to = 0;
