@@ -1,6 +1,10 @@
 // Painting: modes, pen and brush, the tools' settings, text and stamps.
 #include "control/members/access.h"
 
+#include <optional>
+#include <string>
+#include <utility>
+
 #include "base/unicode.h"
 
 namespace orvane::members {
@@ -33,11 +37,22 @@ Value getTextureFileName(const VistrelControl& control) {
 }
 
 void putTextureFileName(VistrelControl& control, const Value& value) {
-    if (value.isNone()) {
-        control.brush.textureFileName.reset();
-    } else {
-        control.brush.textureFileName.emplace(value.string());
-    }
+    std::optional<std::u16string> name;
+    if (!value.isNone()) name.emplace(value.string());
+    control.brush.textureFileName = std::move(name);
+    control.brush.textureFileChanged();
+}
+
+/// Its alpha follows the first colour's.
+void putBrushColour2(VistrelControl& control, const Value& value) {
+    control.brush.colour2 = argbFromOleKeepingAlpha(value.color().bgr, control.brush.colour1);
+    control.brush.rebuild();
+}
+
+void putBrushTransparency(VistrelControl& control, const Value& value) {
+    putTransparency(control.brush.colour1, value.byte());
+    putTransparency(control.brush.colour2, value.byte());
+    control.brush.transparencyChanged();
 }
 
 Value getFontName(const VistrelControl& control) {
@@ -60,8 +75,18 @@ template <auto Field>
 using Freehand = Stored<&VistrelControl::freehand, Field>;
 template <auto Field>
 using Stamp = Stored<&VistrelControl::stamp, Field>;
+
+/// A property of the brush, which is made anew from its properties.
+template <class Property>
+struct OfBrush : Property {
+    static void put(VistrelControl& control, const Value& value) {
+        Property::put(control, value);
+        control.brush.rebuild();
+    }
+};
 template <auto Field>
-using Brush = Stored<&VistrelControl::brush, Field>;
+using Brush = OfBrush<Stored<&VistrelControl::brush, Field>>;
+using BrushColour1 = OfBrush<TranslucentColour<&VistrelControl::brush, &BrushSettings::colour1>>;
 
 constexpr Member kRows[] = {
     {.id = 0x2B, .name = "Accept", .help = "Draws what the active tool has placed into the picture."},
@@ -126,11 +151,7 @@ constexpr Member kRows[] = {
      .help = "Alpha of both brush colours.",
      .range = "0 transparent to 255 opaque; initially 255",
      .get = [](const VistrelControl& control) { return transparencyOf(control.brush.colour1); },
-     .put =
-         [](VistrelControl& control, const Value& v) {
-             putTransparency(control.brush.colour1, v.byte());
-             putTransparency(control.brush.colour2, v.byte());
-         }},
+     .put = putBrushTransparency},
     {.id = 0x39,
      .name = "FontCount",
      .kind = Kind::ReadOnlyProperty,
@@ -288,8 +309,8 @@ constexpr Member kRows[] = {
      .type = Color,
      .help = "First colour of the brush.",
      .range = "initially brown",
-     .get = TranslucentColour<&VistrelControl::brush, &BrushSettings::colour1>::get,
-     .put = TranslucentColour<&VistrelControl::brush, &BrushSettings::colour1>::put},
+     .get = BrushColour1::get,
+     .put = BrushColour1::put},
     {.id = 0x70,
      .name = "BrushColor2",
      .kind = Kind::Property,
@@ -297,10 +318,7 @@ constexpr Member kRows[] = {
      .help = "Second colour of the brush.",
      .range = "initially green",
      .get = TranslucentColour<&VistrelControl::brush, &BrushSettings::colour2>::get,
-     .put =
-         [](VistrelControl& control, const Value& v) {
-             control.brush.colour2 = argbFromOleKeepingAlpha(v.color().bgr, control.brush.colour1);
-         }},
+     .put = putBrushColour2},
     {.id = 0x71,
      .name = "FontStyleItalic",
      .kind = Kind::Property,
