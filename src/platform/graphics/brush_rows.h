@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -17,6 +18,15 @@ void textureRow(const TextureBrush& brush, int x, int y, std::size_t count, Argb
 constexpr std::int64_t positionInPeriod(std::int64_t coordinate, std::int64_t period) {
     const std::int64_t rest = coordinate % period;
     return rest < 0 ? rest + period : rest;
+}
+
+/// Fills a row that repeats every `period` pixels, of which the first period stands already.
+inline void repeatRow(Argb* colours, std::size_t period, std::size_t count) {
+    for (std::size_t done = period; done < count;) {
+        const std::size_t length = std::min(done, count - done);
+        std::copy_n(colours, length, colours + done);
+        done += length;
+    }
 }
 
 }  // namespace orvane

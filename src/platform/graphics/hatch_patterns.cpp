@@ -107,12 +107,12 @@ HatchPattern hatchPattern(int style) noexcept {
 
 void hatchRow(const HatchBrush& brush, int x, int y, std::size_t count, Argb* colours) noexcept {
     const unsigned row = hatchPattern(brush.style)[unsigned(y) % 8];
-    std::array<Argb, 8> tile;
-    for (unsigned i = 0; i < 8; ++i) {
-        tile[i] = (row >> ((unsigned(x) + i) % 8) & 1u) != 0 ? brush.foreground : brush.background;
+    const std::size_t length = std::min<std::size_t>(count, 8);
+    for (unsigned i = 0; i < length; ++i) {
+        const bool marked = (row >> ((unsigned(x) + i) % 8) & 1u) != 0;
+        colours[i] = marked ? brush.foreground : brush.background;
     }
-    for (; count >= 8; count -= 8) colours = std::copy(tile.begin(), tile.end(), colours);
-    std::copy_n(tile.begin(), count, colours);
+    repeatRow(colours, length, count);
 }
 
 }  // namespace orvane

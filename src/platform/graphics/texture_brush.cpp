@@ -26,20 +26,22 @@ void textureRow(const TextureBrush& brush, int x, int y, std::size_t count, Argb
     const Argb* row = picture.row(int(repeated(y, picture.height, mirrorY)));
 
     const std::int64_t width = picture.width, period = mirrorX ? 2 * width : width;
+    const std::size_t length = std::min(count, std::size_t(period));
     std::int64_t position = positionInPeriod(x, period);
-    while (count != 0) {
+    for (std::size_t done = 0; done < length;) {
         const bool reflected = position >= width;
         const std::int64_t end = reflected ? period : width;
-        const auto length = std::min(count, std::size_t(end - position));
+        const std::size_t piece = std::min(length - done, std::size_t(end - position));
         if (reflected) {
-            std::reverse_copy(row + (period - position) - length, row + (period - position), colours);
+            const Argb* last = row + (period - position);
+            std::reverse_copy(last - piece, last, colours + done);
         } else {
-            std::copy_n(row + position, length, colours);
+            std::copy_n(row + position, piece, colours + done);
         }
-        colours += length;
-        count -= length;
+        done += piece;
         position = end == period ? 0 : end;
     }
+    repeatRow(colours, length, count);
 }
 
 }  // namespace orvane
