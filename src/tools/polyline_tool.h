@@ -1,0 +1,18 @@
+#pragma once
+
+#include "tools/point_list_tool.h"
+
+namespace orvane {
+
+/// Mode 2: straight lines from vertex to vertex, with the pen; two vertices at least. Without handles it is
+/// the trail of a pencil.
+class PolylineTool : public PointListTool {
+ public:
+    using PointListTool::PointListTool;
+
+ protected:
+    void drawShape(MutablePixelView target, std::span<const IntPoint> points) const noexcept override;
+    [[nodiscard]] bool isComplete() const noexcept override;
+};
+
+}  // namespace orvane
