@@ -1,0 +1,305 @@
+#include "tools/stroke_tool.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <iterator>
+#include <random>
+
+#include "platform/graphics/fill.h"
+#include "platform/graphics/shapes.h"
+#include "support/failing_allocator.h"
+#include "tools/brush_stroke_tool.h"
+#include "tools/eraser_tool.h"
+#include "tools/freehand_fixture.h"
+
+namespace orvane {
+namespace {
+
+using test::Canvas;
+using test::kPaper;
+using test::samePoint;
+
+constexpr Argb kInk = 0xFF4060A0u;
+
+class Strokes : public test::Freehand {
+ protected:
+    Strokes() {
+        brush.colour1 = kInk & 0x30FFFFFFu;  // the brush paints opaquely all the same
+    }
+
+    void useNib(int style, int size) {
+        freehand.brushStyle = style;
+        freehand.brushSize = freehand.eraserSize = size;
+    }
+    static void lead(StrokeTool& tool, std::initializer_list<IntPoint> way) {
+        for (const IntPoint point : way) tool.AppendPoint(point);
+    }
+    static Canvas overlayOf(StrokeTool& tool) {
+        Canvas canvas;
+        tool.Draw(canvas.view());
+        return canvas;
+    }
+    /// The window pixels at which the image was stamped, in order.
+    std::vector<IntPoint> committedStamps(StrokeTool& tool) {
+        std::vector<IntPoint> stamps;
+        const auto record = [&](IntPoint point) {
+            stamps.push_back(point);
+            return point;
+        };
+        tool.commit(document, record);
+        return stamps;
+    }
+
+    Argb eraserColor = kInk;
+    BrushStrokeTool stroke{pen, brush, freehand};
+    EraserTool eraser{pen, brush, freehand, eraserColor};
+};
+
+void line(Canvas& canvas, IntPoint from, IntPoint to) { drawLine(canvas.view(), Pen(kInk), from, to); }
+
+TEST_F(Strokes, ClickDrawsTheNib) {
+    const struct {
+        int style, size;
+        IntPoint begin, end;
+    } bars[] = {{0, 4, {16, 30}, {24, 30}},
+                {1, 3, {17, 27}, {23, 33}},
+                {2, 11, {20, 19}, {20, 41}},
+                {3, 1, {21, 29}, {19, 31}}};
+    for (const auto& row : bars) {
+        useNib(row.style, row.size);
+        EXPECT_FALSE(stroke.AppendPoint({20, 30})) << "a first point is no stroke yet";
+        Canvas expected;
+        line(expected, row.begin, row.end);
+        EXPECT_NE(expected, Canvas());
+        EXPECT_EQ(overlayOf(stroke), expected) << "style " << row.style;
+        stroke.commit(document, samePoint);
+        EXPECT_EQ(image(), expected) << "style " << row.style;
+        document.undo();
+    }
+    for (const int size : {1, 3, 4, 11}) {
+        const IntRect box{20 - size, 30 - size, 2 * size + 1, 2 * size + 1};
+        Canvas square, circle;
+        fillRect(square.view(), box, kInk);
+        fillEllipse(circle.view(), SolidBrush{kInk}, box);
+        for (const int style : {4, 5}) {
+            useNib(style, size);
+            stroke.AppendPoint({20, 30});
+            EXPECT_EQ(overlayOf(stroke), style == 4 ? square : circle) << style << ", size " << size;
+            stroke.Reset();
+        }
+        eraser.AppendPoint({20, 30});
+        eraser.commit(document, samePoint);
+        EXPECT_EQ(image(), square) << "eraser, size " << size;
+        document.undo();
+    }
+}
+
+TEST_F(Strokes, BarsAreSweptFromPointToPoint) {
+    const IntPoint p{20, 12}, q{33, 30}, r{12, 25};
+    const struct {
+        int style;
+        IntPoint end1, end2;
+    } rows[] = {{0, {-4, 0}, {4, 0}}, {1, {4, 4}, {-4, -4}}, {2, {0, 4}, {0, -4}}, {3, {-4, 4}, {4, -4}}};
+    for (const auto& row : rows) {
+        useNib(row.style, 4);
+        Canvas expected;
+        const auto sweep = [&, e1 = row.end1, e2 = row.end2](IntPoint a, IntPoint b) {
+            line(expected, a, b);
+            const IntPoint swept[] = {{a.x + e1.x, a.y + e1.y},
+                                      {a.x + e2.x, a.y + e2.y},
+                                      {b.x + e2.x, b.y + e2.y},
+                                      {b.x + e1.x, b.y + e1.y}};
+            fillPolygon(expected.view(), SolidBrush{kInk}, swept);
+        };
+        sweep(p, q);
+        sweep(q, r);
+        lead(stroke, {p, q, r});
+        EXPECT_EQ(overlayOf(stroke), expected) << "style " << row.style;
+        stroke.commit(document, [](IntPoint point) { return IntPoint{point.x - 7, point.y + 2}; });
+        EXPECT_EQ(image().pixels[14 * 60 + 13], kInk) << "every point is mapped; style " << row.style;
+        document.undo();
+    }
+}
+
+TEST_F(Strokes, MarkerShowsNibAndCross) {
+    Pen dots(0xFF000000u);
+    dots.dash = {{1.0f, 1.0f}, 2};
+    const struct {
+        int style, reach;
+        bool vertical, horizontal;
+    } rows[] = {{0, 4, true, false}, {1, 4, true, true}, {2, 4, false, true},
+                {3, 4, true, true},  {4, 7, true, true}, {5, 7, true, true}};
+    for (const auto& row : rows) {
+        useNib(row.style, 4);
+        stroke.Reset();
+        stroke.AppendPoint({20, 30});
+        Canvas expected = overlayOf(stroke);
+        const auto finish = [&](Canvas& canvas) {
+            const int r = row.reach;
+            if (row.vertical) drawLine(canvas.view(), dots, {20, 30 - r}, {20, 30 + r + 1});
+            if (row.horizontal) drawLine(canvas.view(), dots, {20 - r, 30}, {20 + r + 1, 30});
+        };
+        finish(expected);
+        Canvas actual;
+        stroke.drawMarker(actual.view(), {20, 30});
+        EXPECT_EQ(actual, expected) << "style " << row.style;
+        if (row.style != 4) continue;
+        Canvas outlined, erasing;
+        fillRect(outlined.view(), {16, 26, 9, 9}, kInk);
+        drawRectangle(outlined.view(), Pen(0xFF000000u), {16, 26, 9, 9});
+        finish(outlined);
+        eraser.drawMarker(erasing.view(), {20, 30});
+        EXPECT_EQ(erasing, outlined);
+    }
+}
+
+TEST_F(Strokes, StampsFormAChainWithoutRepeats) {
+    lead(eraser, {{10, 10}, {14, 12}});
+    EXPECT_EQ(committedStamps(eraser),
+              (std::vector<IntPoint>{{10, 10}, {11, 10}, {12, 11}, {13, 11}, {14, 12}}));
+
+    lead(eraser, {{10, 10}, {14, 10}, {14, 10}, {12, 10}, {12, 13}});
+    EXPECT_EQ(committedStamps(eraser), (std::vector<IntPoint>{{10, 10},
+                                                              {11, 10},
+                                                              {12, 10},
+                                                              {13, 10},
+                                                              {14, 10},
+                                                              {13, 10},
+                                                              {12, 10},
+                                                              {12, 11},
+                                                              {12, 12},
+                                                              {12, 13}}));
+    std::mt19937 random(3);
+    for (int i = 0; i < 500; ++i) eraser.AppendPoint({int(random() % 60), int(random() % 50)});
+    const std::vector<IntPoint> stamps = committedStamps(eraser);
+    ASSERT_GT(stamps.size(), 5000u);
+    for (std::size_t i = 1; i < stamps.size(); ++i) {
+        const int apart =
+            std::max(std::abs(stamps[i].x - stamps[i - 1].x), std::abs(stamps[i].y - stamps[i - 1].y));
+        ASSERT_EQ(apart, 1) << "stamp " << i;
+    }
+}
+
+TEST_F(Strokes, AppendPointTellsWhetherTheStrokeGrew) {
+    const struct {
+        IntPoint point;
+        bool grew;
+        std::size_t stamps;
+    } rows[] = {
+        {{5, 5}, false, 1}, {{5, 5}, false, 1}, {{8, 6}, true, 4}, {{8, 6}, false, 4}, {{5, 5}, true, 7}};
+    useNib(4, 2);
+    for (const auto& row : rows) {
+        EXPECT_EQ(stroke.AppendPoint(row.point), row.grew);
+        EXPECT_EQ(stroke.trailLength(), row.stamps);
+    }
+    useNib(0, 2);
+    EXPECT_EQ(stroke.trailLength(), 2u) << "a bar has a piece for each pair of points";
+}
+
+TEST_F(Strokes, TrailIsTheSameInAnyDivision) {
+    std::mt19937 random(11);
+    for (const int style : {0, 1, 2, 3, 4, 5}) {
+        useNib(style, 3);
+        stroke.Reset();
+        EXPECT_EQ(stroke.trailLength(), 0u);
+        Canvas grown, divided;
+        std::size_t drawn = 0;
+        for (int i = 0; i < 60; ++i) {
+            stroke.AppendPoint({int(random() % 80) - 10, int(random() % 70) - 10});
+            stroke.drawTrail(grown.view(), drawn, stroke.trailLength());
+            drawn = stroke.trailLength();
+        }
+        for (std::size_t from = 0, to = 0; from < drawn; from = to) {
+            to = std::min(drawn, from + random() % 90);
+            stroke.drawTrail(divided.view(), from, to);
+        }
+        EXPECT_EQ(grown, overlayOf(stroke)) << "style " << style;
+        EXPECT_EQ(divided, overlayOf(stroke)) << "style " << style;
+    }
+}
+
+TEST_F(Strokes, TrailLookChangesWithWhateverChangesItsPixels) {
+    useNib(4, 3);
+    lead(stroke, {{1, 1}, {9, 9}});
+    const TrailLook look = stroke.trailLook();
+    lead(stroke, {{20, 30}});
+    EXPECT_EQ(stroke.trailLook(), look) << "a longer trail looks the same as far as it was drawn";
+    useNib(5, 3);
+    EXPECT_NE(stroke.trailLook(), look);
+    useNib(4, 2);
+    EXPECT_NE(stroke.trailLook(), look);
+    useNib(4, 3);
+    brush.colour1 ^= 0xFF000000u;
+    EXPECT_EQ(stroke.trailLook(), look) << "the brush's alpha does not count";
+    brush.colour1 ^= 1u;
+    EXPECT_NE(stroke.trailLook(), look);
+    brush.colour1 ^= 1u;
+    stroke.Reset();
+    EXPECT_NE(stroke.trailLook(), look);
+}
+
+TEST_F(Strokes, CommitIsOneStepAndEndsTheStroke) {
+    for (const int style : {0, 5}) {
+        useNib(style, 4);
+        lead(stroke, {{10, 10}, {30, 20}, {5, 40}});
+        const Canvas overlay = overlayOf(stroke);
+        const int before = steps();
+        stroke.commit(document, samePoint);
+        EXPECT_EQ(steps(), before + 1);
+        EXPECT_EQ(image(), overlay) << "the image gets what was seen";
+        document.undo();
+        EXPECT_EQ(overlayOf(stroke), Canvas()) << "nothing is left of the stroke";
+        stroke.commit(document, samePoint);
+        EXPECT_EQ(steps(), before) << "no stroke, no step";
+    }
+    ImageDocument none;
+    lead(stroke, {{10, 10}});
+    stroke.commit(none, samePoint);
+    EXPECT_TRUE(none.isEmpty());
+}
+
+TEST_F(Strokes, TranslucentEraserLaysItsColourOnEveryStamp) {
+    eraserColor = 0x80000000u;
+    useNib(0, 1);
+    lead(eraser, {{10, 10}, {12, 10}});
+    eraser.commit(document, samePoint);
+    const Argb expected[] = {kPaper, 0xFF7F7F7Fu, 0xFF3F3F3Fu, 0xFF1F1F1Fu, 0xFF3F3F3Fu, 0xFF7F7F7Fu, kPaper};
+    const Canvas erased = image();
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        const Argb pixel = erased.pixels[10 * 60 + 8 + i];
+        EXPECT_NEAR(double(redOf(pixel)), double(redOf(expected[i])), 1) << i;
+        EXPECT_EQ(alphaOf(pixel), 255u);
+    }
+}
+
+TEST_F(Strokes, WildPointsAndMappingsAreSurvived) {
+    const auto away = [](IntPoint point) { return IntPoint{point.x * 32767, point.y * -32767}; };
+    for (const int style : {0, 1, 2, 3, 4, 5}) {
+        useNib(style, 11);
+        lead(stroke, {{INT_MIN, INT_MAX}, {INT_MAX, INT_MIN}, {30, 25}, {INT_MAX, 25}});
+        const Canvas seen = overlayOf(stroke);
+        EXPECT_EQ(seen.pixels[25 * 60 + 32], kInk) << "style " << style;
+        stroke.drawMarker(Canvas().view(), {INT_MIN, INT_MAX});
+        stroke.commit(document, away);
+    }
+}
+
+TEST_F(Strokes, WithoutMemoryPointsAreDropped) {
+    useNib(4, 1);
+    stroke.AppendPoint({1, 1});
+    for (const long refused : {1, 2}) {
+        FailingAllocator::arm(refused);
+        bool grew = true;
+        for (int x = 2; x < 40 && grew; ++x) grew = stroke.AppendPoint({x * int(refused), 1});
+        ASSERT_TRUE(FailingAllocator::disarm());
+        EXPECT_FALSE(grew);
+    }
+    EXPECT_TRUE(stroke.AppendPoint({45, 1})) << "the next one finds memory again";
+    const std::vector<IntPoint> stamps = committedStamps(stroke);
+    for (std::size_t i = 1; i < stamps.size(); ++i) ASSERT_EQ(std::abs(stamps[i].x - stamps[i - 1].x), 1);
+    EXPECT_EQ(stamps.back(), (IntPoint{45, 1}));
+}
+
+}  // namespace
+}  // namespace orvane
