@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+/// How much of each pixel of one row a shape covers, summed up from the edges of the shape.
+///
+/// Every edge stands for the area to its right: positive where the shape begins, negative where it ends. What
+/// is kept is the difference from each pixel to the next, so that an edge touches only the pixels that it
+/// crosses; a pass from left to right then makes coverages of them. Pixels far from every edge are handed out
+/// in runs, so a row costs as much as its edges, however wide the shape.
+namespace orvane {
+
+/// Takes a shape's pixels row by row. What is not handed out is not covered.
+class CoverageSink {
+ public:
+    virtual ~CoverageSink() = default;
+    /// Pixels (x, y), (x + 1, y), ... with coverages 0..255 of their own.
+    virtual void paint(int x, int y, const std::uint8_t* coverage, int count) noexcept = 0;
+    /// Pixels that are wholly covered.
+    virtual void paintWhole(int x, int y, int count) noexcept = 0;
+};
+
+class CoverageRow {
+ public:
+    /// For a raster of this width, at least 1. Throws std::bad_alloc; nothing else here does.
+    explicit CoverageRow(int width);
+
+    /// The area right of an edge from x = fromX to toX, both in 0..width, whose ends are |height| apart
+    /// vertically; a negative height takes the area away.
+    void add(double fromX, double toX, double height) noexcept;
+
+    /// Gives the row to the sink as row y and is empty again. Sums are cut to 0..1.
+    void handOut(int y, CoverageSink& sink) noexcept;
+
+ private:
+    static constexpr int kBlock = 32;  ///< pixels that share a mark of being touched by an edge
+
+    void addInPixel(double fromX, double toX, double height, int pixel) noexcept;
+    void touch(int firstPixel, int lastPixel) noexcept;
+    [[nodiscard]] bool isTouched(int block) const noexcept;
+    [[nodiscard]] int nextTouched(int block) const noexcept;
+
+    int width_, blocks_;
+    std::vector<float> differences_;  ///< one to spare at each end of the row
+    std::vector<std::uint8_t> coverages_;
+    std::vector<std::uint64_t> touched_;  ///< a bit for each block
+};
+
+}  // namespace orvane
