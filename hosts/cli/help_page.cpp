@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "cli/member_help.h"
 #include "cli/picture_formats.h"
 #include "cli/window_steps.h"
 
@@ -65,11 +66,8 @@ a batch). A step that cannot read its bytes ends the run; after other failures t
 std::string helpPage() {
     std::string page = std::string(kBeginning) + knownExtensions() + kMiddle;
     for (const WindowStep& step : windowSteps()) {
-        std::string form = step.name;
-        for (const Parameter& parameter : step.parameters) {
-            if (parameter.name != nullptr) form += std::string(" ") + parameter.name;
-        }
-        form.resize(std::max<std::size_t>(form.size() + 1, 15), ' ');
+        std::string form = formOf(step);
+        form.resize(std::max<std::size_t>(form.size() + 1, 19), ' ');
         page += "  " + form + step.help + "\n";
     }
     return page + kEnd;

@@ -151,11 +151,18 @@ std::string usageOf(const Member& member) {
     return "  usage: " + formOf(member) + "\n" + aligned(parameterRows(member));
 }
 
-std::string usageOf(const WindowStep& step) {
+std::string formOf(const WindowStep& step) {
     std::string form = step.name;
-    const auto rows = parameterRows(step.parameters);
-    for (const Row& row : rows) form += " " + row.name;
-    return "  usage: " + form + "\n" + aligned(rows);
+    if (step.parameterUse == ParameterUse::PairsToEnd) return form + " X1 Y1 X2 Y2 [X Y ...] @end";
+    const bool optional = step.parameterUse == ParameterUse::LastOptional;
+    for (const Row& row : parameterRows(step.parameters)) {
+        form += optional ? " [" + row.name + "]" : " " + row.name;
+    }
+    return form;
+}
+
+std::string usageOf(const WindowStep& step) {
+    return "  usage: " + formOf(step) + "\n" + aligned(parameterRows(step.parameters));
 }
 
 std::string signatureOf(const Member& member) {

@@ -13,6 +13,9 @@ namespace orvane::cli {
 [[nodiscard]] std::string usageOf(const Member& member);
 [[nodiscard]] std::string usageOf(const WindowStep& step);
 
+/// "@press X Y".
+[[nodiscard]] std::string formOf(const WindowStep& step);
+
 /// "PenWidth=Long", "LoadImage FileName -> Boolean".
 [[nodiscard]] std::string signatureOf(const Member& member);
 

@@ -13,6 +13,8 @@
 namespace orvane::cli {
 namespace {
 
+constexpr std::string_view kEndOfPairs = "@end";
+
 bool isNamePart(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
 }
@@ -129,22 +131,48 @@ class ScriptParser {
         Step& step = addStep(words[0]);
         step.windowStep = &windowStep;
         step.fileUse = windowStep.fileUse;
+        if (windowStep.parameterUse == ParameterUse::PairsToEnd) return parsePairsToEnd(words, step);
         const std::size_t count = countOf(windowStep.parameters);
         for (std::size_t i = 0; i < count; ++i) {
+            const bool optional = windowStep.parameterUse == ParameterUse::LastOptional && i + 1 == count;
+            if (optional && (i + 1 >= words.size() || !parseValue(words[i + 1].text, ValueType::Long)))
+                return i + 1;
             if (i + 1 >= words.size()) refuseCount(step, count, i);
-            const Word& word = words[i + 1];
-            Value value = argument(step, word, windowStep.parameters[i], count, i);
-            const bool outside = value.type() == ValueType::Long &&
-                                 (value.number() < windowStep.lowest || value.number() > windowStep.highest);
-            if (outside) {
-                refuse(word, "is not from " + std::to_string(windowStep.lowest) + " to " +
-                                 std::to_string(windowStep.highest) + "\n" + usageOf(step));
-            }
-            if (step.fileUse != FileUse::None) setFile(step, word);
-            step.arguments.push_back(std::move(value));
+            addWindowArgument(step, words[i + 1], windowStep.parameters[i], count, i);
         }
         if (step.fileUse == FileUse::WritesPicture) (void)writtenFormat(step.file);
         return count + 1;
+    }
+
+    std::size_t parsePairsToEnd(std::span<const Word> words, Step& step) {
+        constexpr std::size_t kFewest = 4;
+        std::size_t count = 0;
+        while (count + 1 < words.size() && words[count + 1].text != kEndOfPairs) {
+            const Parameter& parameter = step.windowStep->parameters[count % 2];
+            if (opensStep(words[count + 1].text)) break;
+            addWindowArgument(step, words[count + 1], parameter, kFewest, count);
+            ++count;
+        }
+        if (count + 1 >= words.size() || words[count + 1].text != kEndOfPairs) {
+            refuse(words[0], "is not closed by " + std::string(kEndOfPairs) + "\n" + usageOf(step));
+        }
+        if (count < kFewest) refuseCount(step, kFewest, count);
+        if (count % 2 != 0) refuse(words[count], "has no Y beside it\n" + usageOf(step));
+        return count + 2;
+    }
+
+    void addWindowArgument(Step& step, const Word& word, const Parameter& parameter, std::size_t expected,
+                           std::size_t given) {
+        const WindowStep& windowStep = *step.windowStep;
+        Value value = argument(step, word, parameter, expected, given);
+        const bool outside = value.type() == ValueType::Long &&
+                             (value.number() < windowStep.lowest || value.number() > windowStep.highest);
+        if (outside) {
+            refuse(word, "is not from " + std::to_string(windowStep.lowest) + " to " +
+                             std::to_string(windowStep.highest) + "\n" + usageOf(step));
+        }
+        if (step.fileUse != FileUse::None) setFile(step, word);
+        step.arguments.push_back(std::move(value));
     }
 
     std::size_t parseSaveOption(std::span<const Word> words) {

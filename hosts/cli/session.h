@@ -36,6 +36,7 @@ class Session final : private EventSink {
     Printer& printer;
     HeadlessWindow window;
     VistrelControl control;
+    MouseButtons held;  ///< by the mouse steps so far
 
  private:
     void onEvent(EventId event, std::span<const Value> arguments) override;

@@ -20,12 +20,20 @@ enum class FileUse {
     WritesBytes,    ///< an array as raw bytes
 };
 
+/// How many arguments a window step takes.
+enum class ParameterUse {
+    Exact,
+    LastOptional,  ///< the last parameter may be left out
+    PairsToEnd,    ///< the two parameters again and again, at least twice, closed by "@end"
+};
+
 /// A step that is no member: a message of the window or a look at it.
 struct WindowStep {
     const char* name = "";  ///< with its @
     const char* help = "";
     Parameter parameters[2] = {};
-    int lowest = 0, highest = 0;      ///< the numbers that Long parameters take
+    int lowest = 0, highest = 0;  ///< the numbers that Long parameters take
+    ParameterUse parameterUse = ParameterUse::Exact;
     FileUse fileUse = FileUse::None;  ///< of the String parameter
     ExitStatus (*run)(Session&, const Step&) = nullptr;
 };

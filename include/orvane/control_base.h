@@ -8,6 +8,7 @@
 #include <orvane/dispatch_types.h>
 #include <orvane/event_sink.h>
 #include <orvane/export.h>
+#include <orvane/mouse.h>
 #include <orvane/value.h>
 #include <orvane/window_services.h>
 
@@ -41,6 +42,14 @@ class ORVANE_EXPORT ControlBase {
     /// The window's messages, in client pixels. A resize does not redraw by itself; a paint request does.
     void onSize(int width, int height) noexcept;
     void onPaint() noexcept;
+    /// While the window holds the mouse capture, positions outside it arrive as well. `held` names the
+    /// buttons that are down during the move.
+    void onLeftDown(int x, int y) noexcept;
+    void onLeftUp(int x, int y) noexcept;
+    void onRightDown(int x, int y) noexcept;
+    void onMouseMove(int x, int y, MouseButtons held) noexcept;
+    /// The timer that the control started has ticked.
+    void onTimer() noexcept;
     void onDropFile(std::u16string_view path) noexcept;
     /// The window goes away before the control does.
     void onDestroy() noexcept;

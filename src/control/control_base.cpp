@@ -38,6 +38,21 @@ void ControlBase::onSize(int width, int height) noexcept {
 void ControlBase::onPaint() noexcept {
     if (control_ != nullptr) control_->onPaint();
 }
+void ControlBase::onLeftDown(int x, int y) noexcept {
+    if (control_ != nullptr) control_->onLeftDown(x, y);
+}
+void ControlBase::onLeftUp(int x, int y) noexcept {
+    if (control_ != nullptr) control_->onLeftUp(x, y);
+}
+void ControlBase::onRightDown(int x, int y) noexcept {
+    if (control_ != nullptr) control_->onRightDown(x, y);
+}
+void ControlBase::onMouseMove(int x, int y, MouseButtons held) noexcept {
+    if (control_ != nullptr) control_->onMouseMove(x, y, held);
+}
+void ControlBase::onTimer() noexcept {
+    if (control_ != nullptr) control_->onTimer();
+}
 void ControlBase::onDropFile(std::u16string_view path) noexcept {
     if (control_ != nullptr) control_->onDropFile(path);
 }

@@ -1,11 +1,24 @@
 #include "control/vistrel_control.h"
 
+#include <algorithm>
+
+#include "control/mode_table.h"
 #include "control/paint_mode.h"
+#include "view/view_mapping.h"
 
 namespace orvane {
+namespace {
+
+// Extreme zooms take points far away. Tools reckon with points whose sums fit into an int.
+IntPoint withinReach(IntPoint point) {
+    constexpr int kReach = 1 << 24;
+    return {std::clamp(point.x, -kReach, kReach), std::clamp(point.y, -kReach, kReach)};
+}
+
+}  // namespace
 
 VistrelControl::VistrelControl(WindowServices* services) noexcept
-    : window(services), eraserColor(document.bitmapBackColor) {}
+    : window(services), eraserColor(document.bitmapBackColor), tools(pen, brush, freehand, eraserColor) {}
 
 VistrelControl::~VistrelControl() { onDestroy(); }
 
@@ -37,26 +50,71 @@ void VistrelControl::SetPaintStatus(int mode) noexcept {
         case PaintMode::Pencil:
             setToolCursor(CursorId::Pencil);
             break;
+        case PaintMode::TrackPoint:
+            tools.trackPoint.point = {document.view.viewWidth / 2, document.view.viewHeight / 2};
+            break;
         default:
             break;
     }
 }
 
-void VistrelControl::ResetAllTools() noexcept {}
+void VistrelControl::ResetAllTools() noexcept { tools.resetAll(); }
 
 void VistrelControl::updateToolBounds() noexcept {
     const IntRect shown = document.imageRect();
     frameLimits = {shown, shown, shown};
 }
 
-void VistrelControl::reprojectToolGeometry() noexcept {}
+void VistrelControl::reprojectToolGeometry() noexcept {
+    PaintTool* tool = tools.ofMode(paintStatus);
+    if (tool == nullptr) return;
+    const IntSize outer = outerSize();
+    tool->reproject([&](IntPoint point) {
+        const IntPoint image = windowToImage(document, document.view.previousZoom, point);
+        return withinReach(imageToWindow(document, document.view.zoom, image, outer));
+    });
+}
+
+void VistrelControl::commit(PaintTool& tool) noexcept {
+    tool.commit(document, [this](IntPoint point) { return withinReach(toImage(point)); });
+}
+
+void VistrelControl::CommitPending() noexcept {
+    if (!document.isEmpty() && rulesOf(paintStatus).acceptCommits) commit(*tools.ofMode(paintStatus));
+}
+
+IntSize VistrelControl::outerSize() const noexcept {
+    return window != nullptr ? window->outerSize()
+                             : IntSize{document.view.viewWidth, document.view.viewHeight};
+}
+
+IntPoint VistrelControl::toImage(IntPoint mouse) const noexcept {
+    return windowToImage(document, document.view.zoom, mouse);
+}
+
+void VistrelControl::fireAt(EventId event, IntPoint mouse) noexcept {
+    const IntPoint image = toImage(mouse);
+    const Value arguments[] = {Value(image.x), Value(image.y)};
+    fire(event, arguments);
+}
+
+void VistrelControl::captureMouse() noexcept {
+    if (window == nullptr) return;
+    if (mouseCaptured) window->releaseMouse();
+    window->captureMouse();
+    mouseCaptured = true;
+}
+
+void VistrelControl::releaseMouse() noexcept {
+    if (mouseCaptured && window != nullptr) window->releaseMouse();
+    mouseCaptured = false;
+}
 
 void VistrelControl::setToolCursor(CursorId cursor) noexcept {
     if (cursor == cursorKind || window == nullptr) return;
-    if (mouseCaptured) window->releaseMouse();
+    releaseMouse();
+    if (cursor != CursorId::Arrow) captureMouse();
     cursorKind = cursor;
-    mouseCaptured = cursor != CursorId::Arrow;
-    if (mouseCaptured) window->captureMouse();
     window->setCursor(cursor);
 }
 
@@ -64,15 +122,7 @@ void VistrelControl::onSize(int width, int height) noexcept {
     backBuffer = PixelSurface();  // its memory may serve the new one
     backBuffer = PixelSurface::create(width, height);
     document.view.setViewSize({width, height}, document.size());
-}
-
-void VistrelControl::onDropFile(std::u16string_view path) noexcept {
-    try {
-        const Value argument(path);
-        fire(EventId::OnDropFile, {&argument, 1});
-    } catch (...) {
-        // No memory for the path: the drop is lost, as the window's own failures are.
-    }
+    tools.setClientSize({width, height});
 }
 
 void VistrelControl::onDestroy() noexcept {
@@ -80,8 +130,7 @@ void VistrelControl::onDestroy() noexcept {
     if (paintStatus == PaintMode::Spray || paintStatus == PaintMode::Selection) {
         window->stopTimer(kAnimationTimer);
     }
-    if (mouseCaptured) window->releaseMouse();
-    mouseCaptured = false;
+    releaseMouse();
     window = nullptr;
 }
 

@@ -4,9 +4,12 @@
 
 #include <orvane/event_sink.h>
 #include <orvane/geometry.h>
+#include <orvane/mouse.h>
 #include <orvane/window_services.h>
 
 #include "control/event_sinks.h"
+#include "control/tool_set.h"
+#include "control/trail_layer.h"
 #include "document/image_document.h"
 #include "tools/brush_settings.h"
 #include "tools/pen_settings.h"
@@ -41,12 +44,32 @@ class VistrelControl {
     void reprojectToolGeometry() noexcept;
     /// Shows a cursor; any but the arrow holds the mouse capture, so that leaving the window is noticed.
     void setToolCursor(CursorId cursor) noexcept;
+    /// Takes the mouse anew, or gives it back, if it is held.
+    void captureMouse() noexcept;
+    void releaseMouse() noexcept;
+    /// The image pixel under a window pixel, not clamped to the image.
+    [[nodiscard]] IntPoint toImage(IntPoint mouse) const noexcept;
+    /// The window's size with its border; without a window, the view's.
+    [[nodiscard]] IntSize outerSize() const noexcept;
     void fire(EventId event, std::span<const Value> arguments = {}) noexcept { sinks.fire(event, arguments); }
+    /// Fires an event whose arguments are the image coordinates of a window pixel.
+    void fireAt(EventId event, IntPoint mouse) noexcept;
+    /// Draws what a tool has collected into the image, as the tool sees fit.
+    void commit(PaintTool& tool) noexcept;
+    /// The body of `Accept`: the active tool's pending result goes into the image.
+    void CommitPending() noexcept;
 
     // --- messages of the window ---
 
     void onSize(int width, int height) noexcept;
     void onPaint() noexcept { refresh(); }
+    // Positions are client pixels; captured, they lie outside the window too.
+    void onLeftDown(int x, int y) noexcept;
+    void onLeftUp(int x, int y) noexcept;
+    void onRightDown(int x, int y) noexcept;
+    void onMouseMove(int x, int y, MouseButtons held) noexcept;
+    /// A tick of the animation timer.
+    void onTimer() noexcept;
     void onDropFile(std::u16string_view path) noexcept;
     void onDestroy() noexcept;
 
@@ -72,9 +95,15 @@ class VistrelControl {
     TextSettings text;
     ScrollWindowSettings scrollWindow;
     FrameLimits frameLimits;
+    ToolSet tools;
 
  private:
+    void drag(IntPoint mouse) noexcept;
+    void hover(IntPoint mouse, MouseButtons held) noexcept;
+    void paintView(MutablePixelView target) noexcept;
+
     ViewPainter viewPainter_;
+    TrailLayer trail_;
 };
 
 }  // namespace orvane

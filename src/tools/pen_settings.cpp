@@ -6,14 +6,10 @@
 namespace orvane {
 namespace {
 
-// Dashes and gaps for a pen of width 1. The entries are scaled by the width here and, as every pattern is, once
-// more when the pen draws: dashes grow with the square of the width.
+// Dashes and gaps for a pen of width 1. The entries are scaled by the width here and, as every pattern is,
+// once more when the pen draws: dashes grow with the square of the width.
 constexpr DashPattern kDashes[] = {
-    {},
-    {{4, 1}, 2},
-    {{2, 1}, 2},
-    {{4, 1, 2, 1}, 4},
-    {{4, 1, 2, 1, 2, 1}, 6},
+    {}, {{4, 1}, 2}, {{2, 1}, 2}, {{4, 1, 2, 1}, 4}, {{4, 1, 2, 1, 2, 1}, 6},
 };
 
 }  // namespace

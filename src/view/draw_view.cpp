@@ -7,6 +7,21 @@
 
 namespace orvane {
 
+bool ViewLook::showsTheSameAs(const ViewLook& other) const noexcept {
+    return contentId == other.contentId && placement == other.placement && view == other.view &&
+           background == other.background && frame == other.frame && !rotates && !other.rotates;
+}
+
+ViewLook lookOfView(const ImageDocument& document, Argb background, IntSize view) noexcept {
+    const PixelSurface* picture = document.currentSurface();
+    return {picture != nullptr ? picture->contentId() : 0,
+            document.imageRect(),
+            view,
+            background,
+            document.frameColor,
+            document.rotationPreview};
+}
+
 void ViewPainter::paint(const ImageDocument& document, Argb background, MutablePixelView target,
                         RotationPreviewDrawer drawRotationPreview) noexcept {
     if (!target) return;

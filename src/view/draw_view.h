@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+
+#include <orvane/geometry.h>
 #include <orvane/pixels.h>
 
 #include "document/image_document.h"
@@ -10,6 +13,19 @@ namespace orvane {
 /// Draws what stands in for the image while a free rotation is being previewed, on a target that holds the
 /// background.
 using RotationPreviewDrawer = void (*)(const ImageDocument& document, MutablePixelView target);
+
+/// Everything that a painted view depends on: equal looks are equal pixels. A free rotation's preview, which
+/// has an angle besides, never equals another look.
+struct ViewLook {
+    std::uint64_t contentId = 0;
+    IntRect placement;
+    IntSize view;
+    Argb background = 0, frame = 0;
+    bool rotates = false;
+
+    [[nodiscard]] bool showsTheSameAs(const ViewLook& other) const noexcept;
+};
+[[nodiscard]] ViewLook lookOfView(const ImageDocument& document, Argb background, IntSize view) noexcept;
 
 /// Paints the lower layers of the control: the background, the document's image as its view places it, and
 /// the frame around it.

@@ -36,11 +36,42 @@ class TestControl {
         return since;
     }
 
+    // --- the mouse, as a window would report it ---
+
+    TestControl& press(int x, int y) { return mouse(x, y, {true, false}, &VistrelControl::onLeftDown); }
+    TestControl& release(int x, int y) { return mouse(x, y, {}, &VistrelControl::onLeftUp); }
+    TestControl& rightPress(int x, int y) { return mouse(x, y, held_, &VistrelControl::onRightDown); }
+    /// A move with the buttons that are held.
+    TestControl& move(int x, int y) {
+        window_.movePointer({x, y});
+        control_.onMouseMove(x, y, held_);
+        return *this;
+    }
+    /// A whole gesture: a press at the first point, moves, a release at the last.
+    TestControl& drag(std::initializer_list<IntPoint> points) {
+        const IntPoint first = *points.begin(), last = *(points.end() - 1);
+        press(first.x, first.y);
+        for (const IntPoint* point = points.begin() + 1; point != points.end(); ++point)
+            move(point->x, point->y);
+        return release(last.x, last.y);
+    }
+    TestControl& tick(int count = 1) {
+        for (int i = 0; i < count && window_.isTimerRunning(); ++i) control_.onTimer();
+        return *this;
+    }
+
     VistrelControl& control() { return control_; }
     ImageDocument& document() { return control_.document; }
     HeadlessWindow& window() { return window_; }
 
  private:
+    TestControl& mouse(int x, int y, MouseButtons held, void (VistrelControl::*message)(int, int) noexcept) {
+        held_ = held;
+        window_.movePointer({x, y});
+        (control_.*message)(x, y);
+        return *this;
+    }
+
     Value run(std::string_view name, InvokeKind kind, std::initializer_list<Value> arguments) {
         const Member* member = findMember(name);
         if (member == nullptr) {
@@ -56,6 +87,7 @@ class TestControl {
 
     HeadlessWindow window_;
     VistrelControl control_;
+    MouseButtons held_;
     long presentsSeen_ = 0;
 };
 

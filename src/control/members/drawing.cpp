@@ -20,6 +20,13 @@ void putPaintStatus(VistrelControl& control, const Value& value) {
     control.refresh();
 }
 
+Value accept(VistrelControl& control, Arguments) {
+    control.CommitPending();
+    control.updateToolBounds();
+    if (control.paintStatus != 0) control.refresh();
+    return {};
+}
+
 Value resetTrack(VistrelControl& control, Arguments) {
     control.ResetAllTools();
     control.refresh();
@@ -89,7 +96,10 @@ using Brush = OfBrush<Stored<&VistrelControl::brush, Field>>;
 using BrushColour1 = OfBrush<TranslucentColour<&VistrelControl::brush, &BrushSettings::colour1>>;
 
 constexpr Member kRows[] = {
-    {.id = 0x2B, .name = "Accept", .help = "Draws what the active tool has placed into the picture."},
+    {.id = 0x2B,
+     .name = "Accept",
+     .help = "Draws what the active tool has placed into the picture.",
+     .call = accept},
     {.id = 0x2D,
      .name = "PaintStatus",
      .kind = Kind::Property,
