@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include <orvane/event_sink.h>
+#include <orvane/headless_window.h>
+
+#include "control/vistrel_control.h"
+#include "support/fuzz_input.h"
+
+namespace orvane {
+
+/// Drives a control by whatever an input says: member calls with usual, odd and wild arguments, gestures in
+/// and out of the window, sizes, ticks and dropped files. Events are answered from inside by more calls.
+class RandomSteps final : private EventSink {
+ public:
+    RandomSteps();
+
+    /// One message or member call.
+    void step(FuzzInput& data);
+    /// What is wrong with the control or its window; "" when nothing is.
+    [[nodiscard]] std::string brokenInvariant() const;
+
+    HeadlessWindow window;
+    VistrelControl control;
+
+ private:
+    void onEvent(EventId event, std::span<const Value> arguments) override;
+    void callMember(FuzzInput& data);
+    void sendMessage(FuzzInput& data);
+
+    MouseButtons held_;
+    IntPoint mouse_;
+    int eventsHeard_ = 0;
+};
+
+}  // namespace orvane
