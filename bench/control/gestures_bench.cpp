@@ -1,0 +1,136 @@
+// What a mouse move of a drawing gesture costs, with its whole redraw, against a plain redraw of the same
+// view.
+#include <cstdio>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <orvane/headless_window.h>
+
+#include "control/paint_mode.h"
+#include "control/vistrel_control.h"
+#include "support/photograph.h"
+#include "support/ratio_timer.h"
+#include "view/view_mapping.h"
+
+namespace {
+
+using namespace orvane;
+using namespace orvane::bench;
+
+constexpr IntSize kPicture{6000, 4000}, kView{1600, 1000};
+constexpr IntPoint kCorner{500, 300};
+constexpr IntSize kShape{300, 200};
+constexpr MouseButtons kLeft{.left = true};
+
+struct Gesture {
+    const char* name;
+    int mode;
+    void (*start)(VistrelControl&);
+};
+
+void startBox(VistrelControl& control) { control.onLeftDown(kCorner.x, kCorner.y); }
+
+// Ten vertices around the area of a shape; the last one is then dragged.
+void clickVertices(VistrelControl& control) {
+    for (int i = 0; i < 10; ++i) {
+        const int x = kCorner.x + i * kShape.width / 9, y = kCorner.y + (i % 2) * kShape.height;
+        control.onLeftDown(x, y);
+        if (i < 9) control.onLeftUp(x, y);
+    }
+    control.onLeftDown(kCorner.x + kShape.width, kCorner.y + kShape.height);
+}
+
+void startStroke(VistrelControl& control) {
+    control.onLeftDown(kCorner.x, kCorner.y);
+    for (int i = 0; i < 500; ++i) control.onMouseMove(kCorner.x + i % 300, kCorner.y + i / 3, kLeft);
+}
+
+const Gesture kGestures[] = {
+    {"line", PaintMode::Line, startBox},
+    {"polyline", PaintMode::Polyline, clickVertices},
+    {"pencil, 500 points", PaintMode::Pencil, startStroke},
+    {"curve", PaintMode::Curve, clickVertices},
+    {"closed curve", PaintMode::ClosedCurve, clickVertices},
+    {"arc", PaintMode::Arc, startBox},
+    {"ellipse", PaintMode::Ellipse, startBox},
+    {"pie", PaintMode::Pie, startBox},
+    {"polygon", PaintMode::Polygon, clickVertices},
+    {"rectangle", PaintMode::Rectangle, startBox},
+    {"brush, 500 points", PaintMode::Brush, startStroke},
+    {"Bezier", PaintMode::Bezier, clickVertices},
+    {"eraser, 500 points", PaintMode::Eraser, startStroke},
+};
+
+// The far corner wanders, so that every move changes the shape.
+IntPoint nextCorner(int& count) {
+    ++count;
+    return {kCorner.x + kShape.width + count % 7, kCorner.y + kShape.height + count % 5};
+}
+
+void measure(VistrelControl& control, const std::string& where, const Gesture& gesture) {
+    control.SetPaintStatus(gesture.mode);
+    control.ResetAllTools();
+    gesture.start(control);
+    int count = 0;
+    const auto move = [&] {
+        const IntPoint corner = nextCorner(count);
+        control.onMouseMove(corner.x, corner.y, kLeft);
+    };
+    const auto refresh = [&] {
+        const int mode = std::exchange(control.paintStatus, PaintMode::None);
+        control.refresh();
+        control.paintStatus = mode;
+    };
+    // Freehand strokes grow with each move: few of them, so that the stroke stays of a usual length.
+    const bool grows = gesture.start == startStroke;
+    const RatioEffort effort = grows ? RatioEffort{3, 5, 0.0} : RatioEffort{};
+    printRatioRow((where + gesture.name).c_str(), measureRatio(move, refresh, effort));
+    control.onLeftUp(0, 0);
+    control.document.undo();
+}
+
+// The whole stroke, so that a cost that grows with its length would show.
+void measureLongStrokes(VistrelControl& control) {
+    std::puts("\nStrokes of 10,000 points, ms for each thousand of them and for the release");
+    for (const int mode : {PaintMode::Brush, PaintMode::Eraser, PaintMode::Pencil}) {
+        control.SetPaintStatus(mode);
+        control.onLeftDown(100, 100);
+        std::printf("mode %2d:", mode);
+        int i = 0;
+        auto move = [&] {
+            ++i;
+            control.onMouseMove(100 + (i * 7) % 1400, 100 + (i * 3) % 800 + i % 5, kLeft);
+        };
+        for (int thousand = 0; thousand < 10; ++thousand)
+            std::printf(" %7.1f", 1000 * millisecondsPerCall(move, 1000));
+        auto release = [&] { control.onLeftUp(100, 100); };
+        std::printf(" | %7.1f\n", millisecondsPerCall(release, 1));
+        control.document.undo();
+    }
+}
+
+}  // namespace
+
+int main() {
+    HeadlessWindow window(kView.width, kView.height);
+    VistrelControl control(&window);
+    control.onSize(kView.width, kView.height);
+    const std::vector<Argb> photo = photograph(kPicture.width, kPicture.height);
+    const auto bytes = std::as_bytes(std::span(photo));
+    const std::span pixels(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    if (!control.document.loadPixels(pixels, kPicture.width, kPicture.height)) return 1;
+    control.brush.style = BrushSettings::Gradient;
+    control.pen.width = 3;
+
+    std::puts("A move of a gesture and its redraw / a plain redraw");
+    printRatioHeader();
+    for (const double zoom : {0.0, 1.0}) {
+        zoom == 0.0 ? zoomToFit(control.document) : setZoom(control.document, zoom);
+        const std::string where = zoom == 0.0 ? "fit: " : "zoom 1: ";
+        for (const Gesture& gesture : kGestures) measure(control, where, gesture);
+    }
+    measureLongStrokes(control);
+    return 0;
+}
