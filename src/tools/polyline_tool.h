@@ -4,9 +4,8 @@
 
 namespace orvane {
 
-/// Mode 2: straight lines from vertex to vertex, with the pen; two vertices at least. Without handles it is
-/// the trail of a pencil.
-class PolylineTool : public PointListTool {
+/// Mode 2: straight lines from vertex to vertex, with the pen; two vertices at least.
+class PolylineTool final : public PointListTool {
  public:
     using PointListTool::PointListTool;
 
