@@ -10,7 +10,6 @@ namespace orvane {
 namespace {
 
 constexpr int kFewestCommitted = 6;
-constexpr std::size_t kFewestShown = 6;
 
 constexpr bool isAnchor(std::size_t index) { return index % 3 == 1; }
 
@@ -49,9 +48,8 @@ bool BezierTool::AppendPoint(IntPoint point) noexcept {
 }
 
 void BezierTool::drawShape(MutablePixelView target, std::span<const IntPoint> points) const noexcept {
-    const std::optional<Pen> outline = pen.current();
-    if (!outline || points.size() < kFewestShown) return;
-    drawBeziers(target, *outline, points.subspan(1, std::size_t(bezierCount)));
+    if (const std::optional<Pen> outline = pen.current())
+        drawBeziers(target, *outline, points.subspan(1, std::size_t(bezierCount)));
 }
 
 bool BezierTool::isComplete() const noexcept { return bezierCount >= kFewestCommitted && pen.current(); }

@@ -27,6 +27,7 @@ class BezierTool final : public PointListTool {
 
  protected:
     void drawShape(MutablePixelView target, std::span<const IntPoint> points) const noexcept override;
+    [[nodiscard]] std::size_t fewestShown() const noexcept override { return 6; }
     [[nodiscard]] bool isComplete() const noexcept override;
     void moveVertex(std::size_t index, IntPoint to) noexcept override;
     /// Guide lines from control to control, the controls as yellow dots, the anchors as grab handles.

@@ -99,7 +99,7 @@ void BoxTool::OnMouseUp(IntPoint mouse) noexcept {
 void BoxTool::Draw(MutablePixelView view) noexcept {
     const IntRect area = box();
     if (area.isEmpty()) return;
-    if (fills() && brush.isGradient()) brush.gradientRectangle = insideOutline(area);
+    if (fills() && brush.isGradient()) brush.setGradientRectangle(insideOutline(area));
     drawShape(view, area);
     drawFrame(view, area);
 }
@@ -117,7 +117,7 @@ void BoxTool::commit(ImageDocument& document, PointMap toImage) noexcept {
     const auto draw = [&](MutablePixelView image) {
         const IntRect area = mappedBox(box(), toImage);
         if (fills() && brush.isGradient())
-            brush.gradientRectangle = {area.x, area.y, box().width, box().height};
+            brush.setGradientRectangle({area.x, area.y, box().width, box().height});
         drawShape(image, area);
     };
     if (!holdsBox() || drawIntoImage(document, draw)) Reset();

@@ -3,22 +3,15 @@
 #include "platform/graphics/shapes.h"
 
 namespace orvane {
-namespace {
-
-constexpr std::size_t kFewest = 3;
-
-}  // namespace
 
 void ClosedCurveTool::drawShape(MutablePixelView target, std::span<const IntPoint> points) const noexcept {
-    if (points.size() < kFewest) return;
     if (const std::optional<Brush> fill = brush.current()) fillClosedCurve(target, *fill, points);
     if (const std::optional<Pen> outline = pen.current()) drawClosedCurve(target, *outline, points);
 }
 
-bool ClosedCurveTool::isComplete() const noexcept { return vertices.size() >= kFewest; }
+bool ClosedCurveTool::isComplete() const noexcept { return vertices.size() >= 3; }
 
 std::optional<IntRect> ClosedCurveTool::gradientArea() const noexcept {
-    if (vertices.size() < kFewest) return std::nullopt;
     const IntRect box = boundingBox();
     const int left = box.width / 10, top = box.height / 10;
     return IntRect{box.x - left, box.y - top, box.width + 2 * left, box.height + 2 * top};

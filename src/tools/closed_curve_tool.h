@@ -12,6 +12,7 @@ class ClosedCurveTool final : public PointListTool {
 
  protected:
     void drawShape(MutablePixelView target, std::span<const IntPoint> points) const noexcept override;
+    [[nodiscard]] std::size_t fewestShown() const noexcept override { return 3; }
     [[nodiscard]] bool isComplete() const noexcept override;
     /// The vertices' bounding box, a tenth wider on every side: the spline swings beyond its vertices.
     [[nodiscard]] std::optional<IntRect> gradientArea() const noexcept override;

@@ -47,10 +47,11 @@ bool PointListTool::OnMouseMove(IntPoint mouse) noexcept {
 void PointListTool::OnMouseUp(IntPoint /*mouse*/) noexcept { activeHandle = kUnset; }
 
 void PointListTool::Draw(MutablePixelView view) noexcept {
-    if (brush.isGradient()) {
-        if (const std::optional<IntRect> area = gradientArea()) brush.gradientRectangle = *area;
+    if (vertices.size() >= fewestShown()) {
+        const std::optional<IntRect> area = gradientArea();
+        if (area && brush.isGradient()) brush.setGradientRectangle(*area);
+        drawShape(view, vertices);
     }
-    drawShape(view, vertices);
     if (showHandles) drawHandles(view);
 }
 
@@ -71,9 +72,9 @@ void PointListTool::commit(ImageDocument& document, PointMap toImage) noexcept {
     const bool drawn = drawIntoImage(document, [&](MutablePixelView image) {
         if (brush.isGradient() && gradientArea()) {
             // The overlay has set it last, in window pixels.
-            IntRect& area = brush.gradientRectangle;
+            const IntRect area = brush.gradientRectangle;
             const IntPoint corner = bounded(toImage({area.x, area.y}));
-            area = {corner.x, corner.y, area.width, area.height};
+            brush.setGradientRectangle({corner.x, corner.y, area.width, area.height});
         }
         drawShape(image, *points);
     });

@@ -39,9 +39,11 @@ class PointListTool : public PaintTool {
  protected:
     /// Draws the shape through the vertices, which are given in the target's pixels.
     virtual void drawShape(MutablePixelView target, std::span<const IntPoint> points) const noexcept = 0;
+    /// How many vertices it takes until the shape is shown.
+    [[nodiscard]] virtual std::size_t fewestShown() const noexcept = 0;
     /// Whether a commit has something to draw.
     [[nodiscard]] virtual bool isComplete() const noexcept = 0;
-    /// Where a gradient runs while the shape is pending; nothing for shapes that are not filled (yet).
+    /// Where a gradient runs while the shape is pending; nothing for shapes that are not filled.
     [[nodiscard]] virtual std::optional<IntRect> gradientArea() const noexcept { return std::nullopt; }
     virtual void moveVertex(std::size_t index, IntPoint to) noexcept { vertices[index] = to; }
     virtual void drawHandles(MutablePixelView view) const noexcept;

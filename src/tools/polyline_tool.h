@@ -11,6 +11,7 @@ class PolylineTool final : public PointListTool {
 
  protected:
     void drawShape(MutablePixelView target, std::span<const IntPoint> points) const noexcept override;
+    [[nodiscard]] std::size_t fewestShown() const noexcept override { return 2; }
     [[nodiscard]] bool isComplete() const noexcept override;
 };
 
