@@ -5,7 +5,7 @@
 
 #include "platform/graphics/filler.h"
 #include "platform/graphics/paint.h"
-#include "platform/graphics/path.h"
+#include "platform/graphics/path_builder.h"
 #include "platform/graphics/stroker.h"
 
 namespace orvane {
@@ -110,7 +110,7 @@ void drawRectangle(MutablePixelView target, const Pen& pen, IntRect box) noexcep
 
 void drawEllipse(MutablePixelView target, const Pen& pen, IntRect box) noexcept {
     if (box.isEmpty()) return;
-    outline(target, pen, [&](const PathBuilder& build) { return build.ellipse(box); });
+    outline(target, pen, [&](const PathBuilder& build) { return build.arc(box, 0, 360); });
 }
 
 void drawArc(MutablePixelView target, const Pen& pen, IntRect box, float start, float sweep) noexcept {
@@ -133,7 +133,7 @@ void fillRectangle(MutablePixelView target, const Brush& brush, IntRect box) noe
 
 void fillEllipse(MutablePixelView target, const Brush& brush, IntRect box) noexcept {
     if (box.isEmpty()) return;
-    area(target, brush, [&](const PathBuilder& build) { return build.ellipse(box); });
+    area(target, brush, [&](const PathBuilder& build) { return build.arc(box, 0, 360); });
 }
 
 void fillPie(MutablePixelView target, const Brush& brush, IntRect box, float start, float sweep) noexcept {

@@ -15,16 +15,28 @@ constexpr double kMostWedgeSteps = 1000;
 constexpr double kWidestPen = 1e9;
 constexpr double kNoLength = 1e-9;
 
+/// A straight piece of the path. At its ends the pen stands across the directions given there: those of the
+/// curve that the line is a chord of, or the line's own.
 struct Line {
-    PlanePoint from, direction;  // of length 1
-    double length = 0;
+    PlanePoint from, to, direction;
+    double length = 0;  ///< along the curve
+    PlanePoint startDirection, endDirection;
+    double lost = 0;  ///< by so much, at most, one side of what the pen covers is shorter than the line
 
-    [[nodiscard]] PlanePoint at(double distance) const { return from + direction * distance; }
+    [[nodiscard]] PlanePoint at(double distance) const {
+        if (distance <= 0) return from;
+        return distance >= length ? to : from + (to - from) * (distance / length);
+    }
+    [[nodiscard]] PlanePoint directionAt(double distance) const {
+        if (distance <= 0) return startDirection;
+        if (distance >= length) return endDirection;
+        return unit(startDirection + (endDirection - startDirection) * (distance / length));
+    }
 };
 
 struct StrokedLine {
     Line line;
-    bool downAtStart = false, downAtEnd = false;
+    double downFromStart = 0, downToEnd = 0;  ///< lengths drawn without a break, from either end
 };
 
 struct Range {
@@ -45,14 +57,15 @@ class Stroker {
     [[nodiscard]] PlanePoint beside(PlanePoint p, PlanePoint direction, int side) const {
         return p + PlanePoint{direction.y, -direction.x} * (halfWidth_ * side);
     }
+    [[nodiscard]] Line lineBetween(const PathPoint& from, const PathPoint& to) const;
     [[nodiscard]] bool isVisible(const Line& line, Range& visible) const;
     StrokedLine strokeLine(const Line& line);
     void strokeDashes(StrokedLine& stroked, Range visible);
     void addSides(const Line& line, double from, double to);
-    void addStartCap(PlanePoint p, PlanePoint direction);
-    void addEndCap(PlanePoint p, PlanePoint direction);
+    void addStartCap(const Line& line, double at);
+    void addEndCap(const Line& line, double at);
     void meet(const PathPoint& point, const StrokedLine& before, const StrokedLine& after);
-    void join(const PathPoint& point, const Line& before, const Line& after);
+    void join(const PathPoint& point, const StrokedLine& lineBefore, const StrokedLine& lineAfter);
     void addOuterSide(const PathPoint& point, PlanePoint before, PlanePoint after, int side);
     void addRound(PlanePoint centre, PlanePoint before, PlanePoint after, int side);
     void addOnSide(PlanePoint from, PlanePoint to, int side) {
@@ -64,10 +77,20 @@ class Stroker {
     DashWalk dashes_;
 };
 
-Line lineBetween(PlanePoint from, PlanePoint to) {
-    const PlanePoint way = to - from;
-    const double length = std::hypot(way.x, way.y);
-    return {from, way * (1 / length), length};
+// In a bend narrower than the pen the sides of a chord would cross each other, and it has to stay straight.
+Line Stroker::lineBetween(const PathPoint& from, const PathPoint& to) const {
+    const PlanePoint way = to.position - from.position;
+    const double distance = length(way);
+    const PlanePoint direction = way * (1 / distance);
+    const PlanePoint start = from.leaving == PlanePoint{} ? direction : from.leaving;
+    const PlanePoint end = to.arriving == PlanePoint{} ? direction : to.arriving;
+    // An arc is longer than its chord by the square of its angle / 24.
+    const double turn = cross(start, end), along = distance * (1 + turn * turn / 24);
+    const double lost = halfWidth_ * (std::abs(cross(start, direction)) + std::abs(cross(end, direction)));
+    if (lost >= distance || dot(start, direction) < 0.5 || dot(end, direction) < 0.5) {
+        return {from.position, to.position, direction, along, direction, direction, 0};
+    }
+    return {from.position, to.position, direction, along, start, end, lost};
 }
 
 void Stroker::stroke(const Path& path) {
@@ -76,8 +99,8 @@ void Stroker::stroke(const Path& path) {
     const std::size_t lines = points.size() - (path.closed ? 0 : 1);
     StrokedLine first, previous;
     for (std::size_t i = 0; i < lines; ++i) {
-        const PlanePoint to = points[i + 1 < points.size() ? i + 1 : 0].position;
-        const StrokedLine stroked = strokeLine(lineBetween(points[i].position, to));
+        const PathPoint& to = points[i + 1 < points.size() ? i + 1 : 0];
+        const StrokedLine stroked = strokeLine(lineBetween(points[i], to));
         if (i == 0) {
             first = stroked;
         } else {
@@ -107,7 +130,7 @@ bool Stroker::isVisible(const Line& line, Range& visible) const {
 }
 
 StrokedLine Stroker::strokeLine(const Line& line) {
-    StrokedLine stroked{line, false, false};
+    StrokedLine stroked{line, 0, 0};
     Range visible{};
     if (!isVisible(line, visible)) {
         if (!dashes_.isSolid()) dashes_.skip(line.length);
@@ -115,7 +138,7 @@ StrokedLine Stroker::strokeLine(const Line& line) {
     }
     if (dashes_.isSolid()) {
         addSides(line, 0, line.length);
-        stroked.downAtStart = stroked.downAtEnd = true;
+        stroked.downFromStart = stroked.downToEnd = line.length;
     } else {
         strokeDashes(stroked, visible);
     }
@@ -125,14 +148,14 @@ StrokedLine Stroker::strokeLine(const Line& line) {
 void Stroker::strokeDashes(StrokedLine& stroked, Range visible) {
     const Line& line = stroked.line;
     const double period = dashes_.period();
-    stroked.downAtStart = dashes_.isDown();
+    if (dashes_.isDown()) stroked.downFromStart = std::min(dashes_.left(), line.length);
     double at = 0;
     while (at + dashes_.left() <= line.length) {
         const double end = at + dashes_.left();
         if (dashes_.isDown()) {
             addSides(line, at, end);
-            if (at > 0) addStartCap(line.at(at), line.direction);
-            addEndCap(line.at(end), line.direction);
+            if (at > 0) addStartCap(line, at);
+            addEndCap(line, end);
         }
         dashes_.advance(dashes_.left());
         // Whole periods before and behind the raster are passed over.
@@ -144,49 +167,53 @@ void Stroker::strokeDashes(StrokedLine& stroked, Range visible) {
     if (line.length - at <= kNoLength) return;
     if (dashes_.isDown()) {
         addSides(line, at, line.length);
-        if (at > 0) addStartCap(line.at(at), line.direction);
-        stroked.downAtEnd = true;
+        if (at > 0) addStartCap(line, at);
+        stroked.downToEnd = line.length - at;
     }
     dashes_.advance(line.length - at);
 }
 
 void Stroker::addSides(const Line& line, double from, double to) {
-    const PlanePoint start = line.at(from), end = line.at(to);
+    const PlanePoint start = line.at(from), startDirection = line.directionAt(from);
+    const PlanePoint end = line.at(to), endDirection = line.directionAt(to);
     for (int side : {1, -1}) {
-        addOnSide(beside(start, line.direction, side), beside(end, line.direction, side), side);
+        addOnSide(beside(start, startDirection, side), beside(end, endDirection, side), side);
     }
 }
 
-void Stroker::addStartCap(PlanePoint p, PlanePoint direction) {
+void Stroker::addStartCap(const Line& line, double at) {
+    const PlanePoint p = line.at(at), direction = line.directionAt(at);
     filler_.addEdge(beside(p, direction, -1), beside(p, direction, 1));
 }
 
-void Stroker::addEndCap(PlanePoint p, PlanePoint direction) {
+void Stroker::addEndCap(const Line& line, double at) {
+    const PlanePoint p = line.at(at), direction = line.directionAt(at);
     filler_.addEdge(beside(p, direction, 1), beside(p, direction, -1));
 }
 
 void Stroker::meet(const PathPoint& point, const StrokedLine& before, const StrokedLine& after) {
-    if (before.downAtEnd && after.downAtStart) {
-        join(point, before.line, after.line);
-    } else if (before.downAtEnd) {
-        addEndCap(point.position, before.line.direction);
-    } else if (after.downAtStart) {
-        addStartCap(point.position, after.line.direction);
+    if (before.downToEnd > 0 && after.downFromStart > 0) {
+        join(point, before, after);
+    } else if (before.downToEnd > 0) {
+        addEndCap(before.line, before.line.length);
+    } else if (after.downFromStart > 0) {
+        addStartCap(after.line, 0);
     }
 }
 
-void Stroker::join(const PathPoint& point, const Line& before, const Line& after) {
-    const double turn = cross(before.direction, after.direction);
-    const double ahead = dot(before.direction, after.direction);
+void Stroker::join(const PathPoint& point, const StrokedLine& lineBefore, const StrokedLine& lineAfter) {
+    const PlanePoint before = lineBefore.line.endDirection, after = lineAfter.line.startDirection;
+    const double turn = cross(before, after), ahead = dot(before, after);
+    if (std::abs(turn) * halfWidth_ < kNoLength && ahead > 0) return;
     const int outer = turn >= 0 ? 1 : -1;
-    addOuterSide(point, before.direction, after.direction, outer);
-    const PlanePoint from = beside(point.position, before.direction, -outer);
-    const PlanePoint to = beside(point.position, after.direction, -outer);
-    // Inside the turn both rectangles overlap. Where each covers the other's corner the short way is covered
-    // twice and may be taken; else the edge goes through the point that both share.
-    if (ahead > 0 && std::min(before.length, after.length) >= halfWidth_ * std::abs(turn)) {
-        return addOnSide(from, to, -outer);
-    }
+    addOuterSide(point, before, after, outer);
+    const PlanePoint from = beside(point.position, before, -outer);
+    const PlanePoint to = beside(point.position, after, -outer);
+    // Inside the turn the pen covers one place on both lines. Where each covers the other's corner the short
+    // way is covered twice and may be taken; else the edge goes through the point that both share.
+    const double shorter =
+        std::min(lineBefore.downToEnd - lineBefore.line.lost, lineAfter.downFromStart - lineAfter.line.lost);
+    if (ahead > 0 && shorter >= halfWidth_ * std::abs(turn)) return addOnSide(from, to, -outer);
     addOnSide(from, point.position, -outer);
     addOnSide(point.position, to, -outer);
 }
@@ -194,7 +221,7 @@ void Stroker::join(const PathPoint& point, const Line& before, const Line& after
 void Stroker::addOuterSide(const PathPoint& point, PlanePoint before, PlanePoint after, int side) {
     const PlanePoint from = beside(point.position, before, side), to = beside(point.position, after, side);
     const double ahead = dot(before, after);
-    if (!point.corner) {
+    if (point.isSmooth()) {
         addRound(point.position, before, after, side);
     } else if (2 <= kMitreLimit * kMitreLimit * (1 + ahead)) {  // the mitre's length is sqrt(2 / (1 + ahead))
         const PlanePoint tip = point.position + (from + to - point.position * 2) * (1 / (1 + ahead));

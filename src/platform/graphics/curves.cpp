@@ -1,0 +1,153 @@
+#include "platform/graphics/curves.h"
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+
+namespace orvane {
+namespace {
+
+constexpr double kTolerance = 0.005;  // pixels between a curve and its chords
+constexpr int kStepsAtOnce = 64;  // a longer piece is halved first, so that its invisible half costs little
+constexpr int kInvisibleSteps = 16;  // enough for the length, which places the dashes that follow
+constexpr int kDeepest = 40;
+constexpr double kQuarterTurn = 1.57079632679489661923;
+
+PlaneBox boundsOf(std::span<const PlanePoint> points) {
+    PlaneBox box{points[0].x, points[0].y, points[0].x, points[0].y};
+    for (PlanePoint p : points) {
+        box = {std::min(box.left, p.x), std::min(box.top, p.y), std::max(box.right, p.x),
+               std::max(box.bottom, p.y)};
+    }
+    return box;
+}
+
+// A chord over a part of the parameter that is 1 / n long misses the curve by at most an eighth of the second
+// derivative's largest size, divided by n squared.
+double stepsForBend(double secondDerivative) {
+    return std::max(1.0, std::ceil(std::sqrt(secondDerivative / (8 * kTolerance))));
+}
+
+struct CurvePoint {
+    PlanePoint position, direction;
+};
+
+struct Cubic {
+    PlanePoint c[4];
+
+    [[nodiscard]] double stepsNeeded() const {
+        return stepsForBend(6 * std::max(length(c[0] - c[1] * 2 + c[2]), length(c[1] - c[2] * 2 + c[3])));
+    }
+    [[nodiscard]] bool touches(const PlaneBox& box) const { return boundsOf(c).touches(box); }
+
+    [[nodiscard]] CurvePoint at(double t) const {
+        const double s = 1 - t;
+        const PlanePoint a = c[0] * s + c[1] * t, b = c[1] * s + c[2] * t, d = c[2] * s + c[3] * t;
+        const PlanePoint before = a * s + b * t, after = b * s + d * t;
+        return {before * s + after * t, unit(after - before)};
+    }
+    [[nodiscard]] PlanePoint firstDirection() const {
+        for (int i = 1; i < 4; ++i) {
+            if (!(c[i] == c[0])) return unit(c[i] - c[0]);
+        }
+        return {};
+    }
+    [[nodiscard]] Cubic reversed() const { return {{c[3], c[2], c[1], c[0]}}; }
+    [[nodiscard]] Cubic firstHalf() const {
+        const PlanePoint a = middle(c[0], c[1]), b = middle(c[1], c[2]), d = middle(c[2], c[3]);
+        return {{c[0], a, middle(a, b), middle(middle(a, b), middle(b, d))}};
+    }
+    [[nodiscard]] Cubic secondHalf() const { return reversed().firstHalf().reversed(); }
+};
+
+/// A piece of an ellipse within one quarter turn, so that its ends bound it.
+struct QuarterArc {
+    const PlaneEllipse& ellipse;
+    double from, to;
+
+    [[nodiscard]] double stepsNeeded() const {
+        const double angle = (to - from) * kQuarterTurn;
+        return stepsForBend(std::max(ellipse.radiusX, ellipse.radiusY) * angle * angle);
+    }
+    [[nodiscard]] bool touches(const PlaneBox& box) const {
+        const PlanePoint ends[] = {at(0).position, at(1).position};
+        return boundsOf(ends).touches(box);
+    }
+    [[nodiscard]] CurvePoint at(double t) const {
+        const double quarters = t < 1 ? from + (to - from) * t : to;
+        const double whole = std::floor(quarters), angle = (quarters - whole) * kQuarterTurn;
+        const double c = std::cos(angle), s = std::sin(angle);
+        const PlanePoint turned[] = {{c, s}, {-s, c}, {-c, -s}, {s, -c}};
+        const PlanePoint p = turned[int(whole - 4 * std::floor(whole / 4))];
+        const PlanePoint direction = unit({-p.y * ellipse.radiusX, p.x * ellipse.radiusY});
+        return {ellipse.centre + PlanePoint{p.x * ellipse.radiusX, p.y * ellipse.radiusY},
+                from < to ? direction : direction * -1};
+    }
+    [[nodiscard]] QuarterArc firstHalf() const { return {ellipse, from, from + (to - from) / 2}; }
+    [[nodiscard]] QuarterArc secondHalf() const { return {ellipse, from + (to - from) / 2, to}; }
+};
+
+template <class Curve>
+void follow(Path& path, const Curve& curve, const PlaneBox& visible, int depth = 0) {
+    const bool isVisible = curve.touches(visible);
+    double steps = curve.stepsNeeded();
+    if (isVisible && steps > kStepsAtOnce && depth < kDeepest) {
+        follow(path, curve.firstHalf(), visible, depth + 1);
+        follow(path, curve.secondHalf(), visible, depth + 1);
+        return;
+    }
+    steps = std::min(steps, double(isVisible ? kStepsAtOnce : kInvisibleSteps));
+    for (double i = 1; i <= steps; ++i) {
+        const CurvePoint p = curve.at(i / steps);
+        path.curveTo(p.position, p.direction);
+    }
+}
+
+// The parameter, in quarter turns, at which the ray of this direction meets the ellipse.
+double parameterOfRay(const PlaneEllipse& e, double degrees) {
+    const double quarters = degrees / 90, whole = std::floor(quarters);
+    const double angle = (quarters - whole) * kQuarterTurn;
+    const bool alongY = std::fmod(whole, 2) != 0;
+    const double ahead = alongY ? e.radiusY : e.radiusX, aside = alongY ? e.radiusX : e.radiusY;
+    return whole + std::atan2(std::sin(angle) * ahead, std::cos(angle) * aside) / kQuarterTurn;
+}
+
+void endCurve(Path& path, PlanePoint arriving) {
+    path.points.back().arriving = arriving;
+    path.points.back().leaving = {};
+}
+
+}  // namespace
+
+void addCubic(Path& path, const PlanePoint (&controls)[4], const PlaneBox& visible) {
+    const Cubic cubic{{controls[0], controls[1], controls[2], controls[3]}};
+    const PlanePoint leaving = cubic.firstDirection();
+    if (leaving == PlanePoint{}) return;  // all in one place
+    path.points.back().leaving = leaving;
+    follow(path, cubic, visible);
+    endCurve(path, cubic.reversed().firstDirection() * -1);
+}
+
+ArcRange arcBetweenRays(const PlaneEllipse& ellipse, double start, double sweep) noexcept {
+    start = std::fmod(start, 360);
+    const double from = parameterOfRay(ellipse, start);
+    if (std::abs(sweep) >= 360) return {from, from + (sweep < 0 ? -4 : 4)};
+    return {from, parameterOfRay(ellipse, start + sweep)};
+}
+
+void addArc(Path& path, const PlaneEllipse& ellipse, ArcRange range, const PlaneBox& visible) {
+    const double step = range.from < range.to ? 1 : -1;
+    const CurvePoint start = QuarterArc{ellipse, range.from, range.to}.at(0);
+    path.lineTo(start.position);
+    path.points.back().leaving = start.direction;
+    for (double from = range.from; from != range.to;) {
+        const double next =
+            step > 0 ? std::min(std::floor(from) + 1, range.to) : std::max(std::ceil(from) - 1, range.to);
+        follow(path, QuarterArc{ellipse, from, next}, visible);
+        from = next;
+    }
+    endCurve(path, QuarterArc{ellipse, range.from, range.to}.at(1).direction);
+    if (std::abs(range.to - range.from) == 4) path.points.back().position = start.position;
+}
+
+}  // namespace orvane
