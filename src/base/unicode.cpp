@@ -20,6 +20,13 @@ void appendUtf8(std::string& out, char32_t c) {
     for (int i = tail - 1; i >= 0; --i) out.push_back(static_cast<char>(0x80u | ((c >> (6 * i)) & 0x3Fu)));
 }
 
+/// The character at i, which moves behind it; an unpaired surrogate comes as it is.
+char32_t nextOfUtf16(std::u16string_view text, std::size_t& i) {
+    const char32_t c = text[i++];
+    const bool isPair = isSurrogate(c) && c < 0xDC00 && i < text.size() && (text[i] & 0xFC00) == 0xDC00;
+    return isPair ? 0x10000 + ((c & 0x3FF) << 10) + (text[i++] & 0x3FFu) : c;
+}
+
 void appendUtf16(std::u16string& out, char32_t c) {
     if (c < 0x10000) {
         out.push_back(static_cast<char16_t>(c));
@@ -35,15 +42,21 @@ void appendUtf16(std::u16string& out, char32_t c) {
 std::optional<std::string> utf8FromUtf16(std::u16string_view text) {
     std::string out;
     out.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t c = text[i];
-        if (c == 0) return std::nullopt;
-        if (isSurrogate(c)) {
-            const bool isPair = c < 0xDC00 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00;
-            if (!isPair) return std::nullopt;
-            c = 0x10000 + ((c & 0x3FF) << 10) + (text[++i] & 0x3FFu);
-        }
+    for (std::size_t i = 0; i < text.size();) {
+        const char32_t c = nextOfUtf16(text, i);
+        if (c == 0 || isSurrogate(c)) return std::nullopt;
         appendUtf8(out, c);
+    }
+    return out;
+}
+
+std::string shownUtf8FromUtf16(std::u16string_view text) {
+    constexpr char32_t kReplacement = 0xFFFD;
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        const char32_t c = nextOfUtf16(text, i);
+        appendUtf8(out, isSurrogate(c) ? kReplacement : c);
     }
     return out;
 }

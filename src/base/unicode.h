@@ -10,6 +10,9 @@ namespace orvane {
 /// which is refused rather than guessed.
 [[nodiscard]] std::optional<std::string> utf8FromUtf16(std::u16string_view text);
 
+/// The same for text to be shown: unpaired surrogates become the replacement character U+FFFD, zeros stay.
+[[nodiscard]] std::string shownUtf8FromUtf16(std::u16string_view text);
+
 /// The other direction; nothing for malformed UTF-8.
 [[nodiscard]] std::optional<std::u16string> utf16FromUtf8(std::string_view text);
 
