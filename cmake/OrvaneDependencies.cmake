@@ -5,7 +5,7 @@
 # ORVANE_PRIVATE_MODULES, ORVANE_PRIVATE_LIBRARIES: the same for orvane.pc.
 find_package(PkgConfig ${ORVANE_FIND_MODE})
 find_package(GIF ${ORVANE_FIND_MODE})
-set(ORVANE_PRIVATE_MODULES libjpeg libpng libtiff-4 libwebp libhwy)
+set(ORVANE_PRIVATE_MODULES libjpeg libpng libtiff-4 libwebp libhwy pangocairo pangoft2 fontconfig)
 set(ORVANE_PRIVATE_LIBRARIES -lgif)  # has no pkg-config file of its own everywhere
 
 if(PkgConfig_FOUND AND NOT TARGET Orvane::dependencies)

@@ -7,8 +7,13 @@ packages_build=(
     libturbojpeg0-dev libjpeg62-turbo-dev        # JPEG
     libpng-dev libtiff-dev libgif-dev libwebp-dev
     libhwy-dev                                   # vector arithmetic, chosen at run time
+    libpango1.0-dev libfontconfig-dev            # text
+    fonts-liberation                             # stands in for Arial, which captions are written in
 )
-packages_test=(libgtest-dev libgmock-dev)
+packages_test=(
+    libgtest-dev libgmock-dev
+    fonts-dejavu-core fonts-lohit-deva fonts-wqy-microhei  # Hebrew and Arabic, Devanagari, Chinese
+)
 packages_bench=(libbenchmark-dev libopencv-dev libspng-dev)  # the peers that speed is compared with
 packages_ci=(clang libclang-rt-14-dev clang-format clang-tidy ccache shellcheck git)
 
