@@ -13,6 +13,7 @@
 #include "document/image_document.h"
 #include "tools/brush_settings.h"
 #include "tools/pen_settings.h"
+#include "tools/text_settings.h"
 #include "tools/tool_settings.h"
 #include "view/draw_view.h"
 

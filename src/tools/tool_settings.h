@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
-#include <vector>
 
 #include <orvane/geometry.h>
 #include <orvane/pixels.h>
@@ -24,16 +22,6 @@ struct StampSettings {
     std::uint8_t transparency2 = 10;
     Argb maskColour = 0xFFFFFFFFu;
     bool useMaskColour = false;
-};
-
-/// The font that text is placed with.
-struct TextSettings {
-    enum StyleBit : std::uint8_t { Bold = 1, Italic = 2, Underline = 4, Strikeout = 8 };
-
-    std::vector<std::u16string> fontNames;  ///< the installed families
-    int fontIndex = 0;                      ///< not checked against fontNames
-    std::uint8_t fontStyleBits = 0;
-    std::uint8_t fontSize = 20;  ///< em size in pixels, 8..128
 };
 
 /// The panel that shows where the view lies on the picture.

@@ -63,10 +63,12 @@ void putBrushTransparency(VistrelControl& control, const Value& value) {
 }
 
 Value getFontName(const VistrelControl& control) {
-    const auto& names = control.text.fontNames;
-    const int index = control.text.fontIndex;
-    if (index < 0 || std::size_t(index) >= names.size()) return {};
-    return Value(std::u16string_view(names[std::size_t(index)]));
+    const auto name = control.text.fontName();
+    return name ? Value(*name) : Value();
+}
+
+Value setupFontByName(VistrelControl& control, Arguments arguments) {
+    return Value(control.text.chooseByName(arguments[0].string()));
 }
 
 template <TextSettings::StyleBit Bit>
@@ -167,15 +169,15 @@ constexpr Member kRows[] = {
      .kind = Kind::ReadOnlyProperty,
      .type = Long,
      .help = "Number of installed font families.",
-     .get = [](const VistrelControl& control) { return Value(int(control.text.fontNames.size())); }},
+     .get = [](const VistrelControl&) { return Value(int(fontFamilies().size())); }},
     {.id = 0x3A,
      .name = "FontIndex",
      .kind = Kind::Property,
      .type = Long,
      .help = "The font family of text.",
-     .range = "0 to FontCount - 1, not checked",
-     .get = Stored<&VistrelControl::text, &TextSettings::fontIndex>::get,
-     .put = Stored<&VistrelControl::text, &TextSettings::fontIndex>::put},
+     .range = "0 to FontCount - 1, not checked; initially that of Arial, or 0",
+     .get = [](const VistrelControl& control) { return Value(control.text.fontIndex()); },
+     .put = [](VistrelControl& control, const Value& v) { control.text.chosenIndex = v.number(); }},
     {.id = 0x3B,
      .name = "FontName",
      .kind = Kind::ReadOnlyProperty,
@@ -294,7 +296,8 @@ constexpr Member kRows[] = {
      .name = "SetupFontByName",
      .type = Boolean,
      .help = "Chooses the font family by name; false when it is not installed.",
-     .parameters = {{"FontName", String, "name of the family"}}},
+     .parameters = {{"FontName", String, "name of the family, in upper or lower case"}},
+     .call = setupFontByName},
     {.id = 0x64,
      .name = "ImageMaskColor",
      .kind = Kind::Property,
