@@ -5,153 +5,25 @@
 #include <array>
 
 #include "platform/codecs/dib.h"
+#include "support/dib_forms.h"
 #include "support/recording_decode_target.h"
 
 namespace orvane {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-constexpr char kPaletteLetters[] = "kwrgbcmy";
-
-/// Byte i of a little-endian number; zero beyond its four.
-std::uint8_t byteOf(std::uint32_t value, int i) {
-    return i < 4 ? std::uint8_t(value >> (8 * i)) : std::uint8_t(0);
-}
-void put(Bytes& out, std::uint32_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i) out.push_back(byteOf(value, i));
-}
-void set(Bytes& out, std::size_t offset, std::uint32_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i) out[offset + std::size_t(i)] = byteOf(value, i);
-}
-
-/// What one BMP file looks like in front of its pixels.
-struct Form {
-    const char* name;
-    std::uint32_t headerBytes;
-    int bits;
-    std::uint32_t compression = 0;
-    std::array<std::uint32_t, 4> masks = {};
-    bool topDown = false;
-    std::uint32_t coloursUsed = 0;
-};
-
-Bytes makeHeader(const Form& form, int width, int height, std::size_t paletteEntries) {
-    Bytes out = {'B', 'M'};
-    out.resize(14);
-    put(out, form.headerBytes, 4);
-    const int size = form.headerBytes == 12 ? 2 : 4;
-    put(out, std::uint32_t(width), size);
-    put(out, std::uint32_t(form.topDown ? -height : height), size);
-    put(out, 1, 2);
-    put(out, std::uint32_t(form.bits), 2);
-    out.resize(14 + form.headerBytes);
-    if (form.headerBytes >= 40) {
-        set(out, 30, form.compression, 4);
-        set(out, 46, form.coloursUsed, 4);
-        if (form.compression == 3 || form.compression == 6) {
-            const std::size_t count = form.headerBytes >= 56 || form.compression == 6 ? 4 : 3;
-            if (form.headerBytes == 40) out.resize(out.size() + 4 * count);
-            for (std::size_t i = 0; i < count; ++i) set(out, 54 + 4 * i, form.masks[i], 4);
-        }
-    }
-    for (std::size_t i = 0; i < paletteEntries; ++i) {
-        put(out, colourOfLetter(kPaletteLetters[i % 8]), form.headerBytes == 12 ? 3 : 4);
-    }
-    set(out, 10, std::uint32_t(out.size()), 4);
-    return out;
-}
-
-/// The raw pixel of a letter: every channel all zeros or all ones.
-std::uint32_t packPixel(const Form& form, char letter) {
-    const Argb colour = colourOfLetter(letter);
-    if (form.bits <= 8) return std::uint32_t(std::string(kPaletteLetters).find(letter));
-    if (form.bits == 24 || form.compression == 0) {
-        return form.bits == 16
-                   ? ((colour >> 9) & 0x7c00u) | ((colour >> 6) & 0x3e0u) | ((colour >> 3) & 0x1fu)
-                   : colour & 0xffffffu;
-    }
-    std::uint32_t packed = 0;
-    for (std::size_t i = 0; i < 4; ++i) {
-        const unsigned channel = (colour >> (i < 3 ? 16 - 8 * i : 24)) & 255u;
-        if (channel != 0) packed |= form.masks[i];
-    }
-    return packed;
-}
-
-Bytes makeBmp(const Form& form, const std::string& letters) {
-    const LetterPicture shape(letters);
-    Bytes out = makeHeader(form, shape.width, shape.height, form.bits <= 8 ? std::size_t(1) << form.bits : 0);
-    for (int row = 0; row < shape.height; ++row) {
-        const int y = form.topDown ? row : shape.height - 1 - row;
-        const std::size_t start = out.size();
-        unsigned buffer = 0;
-        for (int x = 0; x < shape.width; ++x) {
-            const std::uint32_t pixel = packPixel(form, letters[std::size_t(y * (shape.width + 1) + x)]);
-            if (form.bits >= 8) {
-                put(out, pixel, form.bits / 8);
-                continue;
-            }
-            buffer = buffer << form.bits | pixel;
-            const int perByte = 8 / form.bits;
-            if ((x + 1) % perByte == 0 || x + 1 == shape.width) {
-                const int missing = (perByte - (x + 1) % perByte) % perByte;
-                out.push_back(std::uint8_t(buffer << (missing * form.bits)));
-                buffer = 0;
-            }
-        }
-        while ((out.size() - start) % 4 != 0) out.push_back(0xee);
-    }
-    return out;
-}
-
-const Form kForms[] = {
-    {"core 1", 12, 1},
-    {"core 4", 12, 4},
-    {"core 8", 12, 8},
-    {"core 24", 12, 24},
-    {"short OS/2 24", 16, 24},
-    {"long OS/2 8", 64, 8},
-    {"info 1", 40, 1},
-    {"info 1 top-down", 40, 1, 0, {}, true},
-    {"info 2", 40, 2},
-    {"info 4", 40, 4},
-    {"info 8", 40, 8},
-    {"info 8 top-down", 40, 8, 0, {}, true},
-    {"info 16", 40, 16},
-    {"info 24", 40, 24},
-    {"info 24 top-down", 40, 24, 0, {}, true},
-    {"info 32 with alpha byte 0", 40, 32},
-    {"V5 32 without masks", 124, 32},
-    {"565", 40, 16, 3, {0xf800, 0x7e0, 0x1f, 0}},
-    {"4444 behind the header", 40, 16, 6, {0xf00, 0xf0, 0xf, 0xf000}},
-    {"1555 in a header of 56", 56, 16, 3, {0x7c00, 0x3e0, 0x1f, 0x8000}},
-    {"mask of 1 bit each", 52, 16, 3, {0x8000, 0x10, 0x1, 0}},
-    {"info 32 masks reversed", 40, 32, 3, {0xff, 0xff00, 0xff0000, 0}},
-    {"V3 32 shifted masks", 56, 32, 3, {0xff000000, 0xff0000, 0xff00, 0xff}},
-    {"V4 32 in order", 108, 32, 3, {0xff0000, 0xff00, 0xff, 0xff000000}},
-    {"V5 10 bits each", 124, 32, 3, {0x3ff00000, 0xffc00, 0x3ff, 0xc0000000}, true},
-    {"V5 17 bits of green", 124, 32, 3, {0xfe000000, 0x1ffff00, 0xff, 0}},
-};
+using namespace test;
 
 TEST(BmpDecode, EveryForm) {
-    const std::string blackAndWhite = "kwkkwwwkk/wkwkwkwwk/kkkkwwwkw";
-    const std::string fourColours = "kwrgkwrgr/rrgkwgkgr";
-    const std::string colours = "rgbcmykwr/kkwwrrgcb/ymcbgrwkk";
-    for (const Form& form : kForms) {
-        const std::string& letters = form.bits == 1 ? blackAndWhite : form.bits == 2 ? fourColours : colours;
+    for (const DibForm& form : kDibForms) {
         for (std::size_t width = 1; width <= 9; ++width) {
-            std::string cut;  // rows that end at every place within a byte and a word
-            for (std::size_t start = 0; start < letters.size(); start += 10) {
-                if (start > 0) cut += '/';
-                cut += letters.substr(start, width);
-            }
-            EXPECT_EQ(decodedLetters(decodeBmp, makeBmp(form, cut)), cut) << form.name;
+            const std::string letters = lettersFor(form, width);
+            EXPECT_EQ(decodedLetters(decodeBmp, makeBmp(form, letters)), letters) << form.name;
         }
     }
 }
 
 TEST(BmpDecode, EveryTruncationIsRefused) {
-    for (const Form& form : kForms) {
+    for (const DibForm& form : kDibForms) {
         const Bytes bytes = makeBmp(form, form.bits == 1 ? "kwkw/wwkk" : "kwkw/wwwk");
         const std::size_t padding =
             form.bits == 24 || form.bits == 32 ? 0 : (32 - 4 * form.bits % 32) % 32 / 8;
