@@ -17,11 +17,15 @@ class BoundedTarget final : public DecodeTarget {
         if (!isAllowedImageSize(width, height)) __builtin_trap();
         if (std::uint64_t(width) * std::uint64_t(height) > kMaxPixels) return {};
         pixels_.assign(std::size_t(width) * std::size_t(height), Argb{0});
-        return {pixels_.data(), width, height, width};
+        picture_ = {pixels_.data(), width, height, width};
+        return picture_;
     }
+    /// What was decoded; a null view when nothing was.
+    [[nodiscard]] PixelView picture() const { return picture_; }
 
  private:
     std::vector<Argb> pixels_;
+    MutablePixelView picture_;
 };
 
 }  // namespace orvane::fuzz
