@@ -2,22 +2,11 @@
 
 #include <utility>
 
+#include "document/surface_target.h"
 #include "platform/files.h"
 #include "platform/image_codecs.h"
 
 namespace orvane {
-namespace {
-
-class SurfaceTarget final : public DecodeTarget {
- public:
-    MutablePixelView allocate(int width, int height) override {
-        surface = PixelSurface::create(width, height);
-        return surface.overwrite();
-    }
-    PixelSurface surface;
-};
-
-}  // namespace
 
 PixelSurface loadSurface(std::string_view path) noexcept {
     const auto bytes = readWholeFile(path);
