@@ -5,6 +5,7 @@
 #include <span>
 #include <string_view>
 
+#include <orvane/clipboard_services.h>
 #include <orvane/dispatch_types.h>
 #include <orvane/event_sink.h>
 #include <orvane/export.h>
@@ -22,6 +23,9 @@ class ORVANE_EXPORT ControlBase {
  public:
     /// A control in a window. The window services must outlive the control.
     explicit ControlBase(WindowServices& window) noexcept;
+    /// The same with a clipboard, which must outlive the control as well and may be null: then no picture is
+    /// ever on it, and what is copied goes nowhere.
+    ControlBase(WindowServices& window, ClipboardServices* clipboard) noexcept;
     /// A control without a window: everything works, nothing is drawn.
     ControlBase() noexcept;
     ~ControlBase();

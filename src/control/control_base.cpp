@@ -7,8 +7,9 @@
 
 namespace orvane {
 
-ControlBase::ControlBase(WindowServices& window) noexcept
-    : control_(new (std::nothrow) VistrelControl(&window)) {}
+ControlBase::ControlBase(WindowServices& window) noexcept : ControlBase(window, nullptr) {}
+ControlBase::ControlBase(WindowServices& window, ClipboardServices* clipboard) noexcept
+    : control_(new (std::nothrow) VistrelControl(&window, clipboard)) {}
 ControlBase::ControlBase() noexcept : control_(new (std::nothrow) VistrelControl()) {}
 ControlBase::~ControlBase() = default;
 

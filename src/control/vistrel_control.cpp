@@ -17,8 +17,11 @@ IntPoint withinReach(IntPoint point) {
 
 }  // namespace
 
-VistrelControl::VistrelControl(WindowServices* services) noexcept
-    : window(services), eraserColor(document.bitmapBackColor), tools(pen, brush, freehand, eraserColor) {}
+VistrelControl::VistrelControl(WindowServices* windowServices, ClipboardServices* clipboardServices) noexcept
+    : window(windowServices),
+      clipboard(clipboardServices),
+      eraserColor(document.bitmapBackColor),
+      tools(pen, brush, freehand, eraserColor) {}
 
 VistrelControl::~VistrelControl() { onDestroy(); }
 

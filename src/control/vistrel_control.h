@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include <orvane/clipboard_services.h>
 #include <orvane/event_sink.h>
 #include <orvane/geometry.h>
 #include <orvane/mouse.h>
@@ -26,7 +27,9 @@ namespace orvane {
 class VistrelControl {
  public:
     /// A control without a window stores and computes everything and draws nothing.
-    explicit VistrelControl(WindowServices* window = nullptr) noexcept;
+    /// Without a clipboard nothing is ever on it, and what is copied goes nowhere.
+    explicit VistrelControl(WindowServices* window = nullptr,
+                            ClipboardServices* clipboard = nullptr) noexcept;
     ~VistrelControl();
     VistrelControl(const VistrelControl&) = delete;
     VistrelControl& operator=(const VistrelControl&) = delete;
@@ -81,6 +84,7 @@ class VistrelControl {
 
     EventSinks sinks;
     WindowServices* window = nullptr;  ///< `windowHandle`: null until the window exists
+    ClipboardServices* clipboard = nullptr;
     ImageDocument document;
     PixelSurface backBuffer;  ///< client-area size; null before the first resize
     int paintStatus = 0;

@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <string_view>
 
+#include <orvane/headless_clipboard.h>
 #include <orvane/headless_window.h>
 
 #include "control/dispatch.h"
@@ -12,10 +13,11 @@
 
 namespace orvane {
 
-/// A control in a headless window, driven by member names as a host would.
+/// A control in a headless window with a clipboard of its own, driven by member names as a host would.
 class TestControl {
  public:
-    explicit TestControl(int width = 400, int height = 300) : window_(width, height), control_(&window_) {
+    explicit TestControl(int width = 400, int height = 300)
+        : window_(width, height), control_(&window_, &clipboard_) {
         control_.onSize(width, height);
     }
 
@@ -63,6 +65,7 @@ class TestControl {
     VistrelControl& control() { return control_; }
     ImageDocument& document() { return control_.document; }
     HeadlessWindow& window() { return window_; }
+    HeadlessClipboard& clipboard() { return clipboard_; }
 
  private:
     TestControl& mouse(int x, int y, MouseButtons held, void (VistrelControl::*message)(int, int) noexcept) {
@@ -86,6 +89,7 @@ class TestControl {
     }
 
     HeadlessWindow window_;
+    HeadlessClipboard clipboard_;
     VistrelControl control_;
     MouseButtons held_;
     long presentsSeen_ = 0;

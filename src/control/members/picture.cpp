@@ -1,5 +1,6 @@
 // The picture itself: files, arrays, blank pictures, history, geometry, clipboard.
 #include "base/unicode.h"
+#include "control/clipboard_exchange.h"
 #include "control/members/access.h"
 #include "geometry/rotate_flip.h"
 #include "geometry/scale_image.h"
@@ -142,7 +143,8 @@ constexpr Member kRows[] = {
      .name = "IsClipboardAvailable",
      .kind = Kind::ReadOnlyProperty,
      .type = Boolean,
-     .help = "Whether the clipboard offers a picture."},
+     .help = "Whether the clipboard offers a picture.",
+     .get = [](const VistrelControl& control) { return Value(isPictureOnClipboard(control)); }},
     {.id = 0x68,
      .name = "IsEmpty",
      .kind = Kind::ReadOnlyProperty,
