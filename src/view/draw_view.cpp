@@ -22,8 +22,7 @@ ViewLook lookOfView(const ImageDocument& document, Argb background, IntSize view
             document.rotationPreview};
 }
 
-void ViewPainter::paint(const ImageDocument& document, Argb background, MutablePixelView target,
-                        RotationPreviewDrawer drawRotationPreview) noexcept {
+void ViewPainter::paint(const ImageDocument& document, Argb background, MutablePixelView target) noexcept {
     if (!target) return;
     const IntSize view{document.view.viewWidth, document.view.viewHeight};
     const IntRect everything{0, 0, target.width, target.height};
@@ -34,15 +33,22 @@ void ViewPainter::paint(const ImageDocument& document, Argb background, MutableP
         return;
     }
     const IntRect placement = document.imageRect();
-    if (document.rotationPreview) {
-        fillRect(target, everything, background);
-        if (drawRotationPreview != nullptr) drawRotationPreview(document, target);
+    const IntRect visible = clippedTo({target.width, target.height}, placement);
+    fillAround(target, visible, background);
+    // Unturned, the preview is the plain view.
+    if (document.rotationPreview && document.rotationAngle != 0.0f) {
+        if (!picture->isOpaque()) fillRect(target, visible, background);
+        turned_.draw(*picture, document.rotationAngle, placement, target);
     } else {
-        const IntRect visible = clippedTo({target.width, target.height}, placement);
-        fillAround(target, visible, background);
+        turned_.release();
         if (!visible.isEmpty()) paintPicture(*picture, placement, visible, background, target);
     }
     drawImageFrame(target, placement, view, document.frameColor);
+}
+
+void ViewPainter::releaseMemory() noexcept {
+    scaled_.release();
+    turned_.release();
 }
 
 void ViewPainter::paintPicture(const PixelSurface& picture, IntRect placement, IntRect visible,

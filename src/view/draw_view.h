@@ -6,13 +6,10 @@
 #include <orvane/pixels.h>
 
 #include "document/image_document.h"
+#include "view/rotation_preview.h"
 #include "view/scaled_picture.h"
 
 namespace orvane {
-
-/// Draws what stands in for the image while a free rotation is being previewed, on a target that holds the
-/// background.
-using RotationPreviewDrawer = void (*)(const ImageDocument& document, MutablePixelView target);
 
 /// Everything that a painted view depends on: equal looks are equal pixels. A free rotation's preview, which
 /// has an angle besides, never equals another look.
@@ -32,8 +29,9 @@ struct ViewLook {
 ///
 /// Painting again without a change copies the visible pixels once; so does panning, but for the strips that
 /// come into view. An opaque image at zoom 1 is copied straight from the document. Everything else costs as
-/// much as its visible part. The memory kept is one raster of the view's size; without it, images are drawn
-/// anew each time.
+/// much as its visible part. While a free rotation is being previewed, the image is shown turned. The memory
+/// kept is one raster of the view's size, and what RotationPreview keeps; without it, images are drawn anew
+/// each time.
 class ViewPainter {
  public:
     /// Views with a shorter side show no image.
@@ -41,17 +39,17 @@ class ViewPainter {
 
     /// Writes every pixel of the target, which has the view's size. The result is that of clearing to the
     /// background, an opaque colour, and drawing image and frame over it.
-    void paint(const ImageDocument& document, Argb background, MutablePixelView target,
-               RotationPreviewDrawer drawRotationPreview = nullptr) noexcept;
+    void paint(const ImageDocument& document, Argb background, MutablePixelView target) noexcept;
 
     /// Gives the kept memory back; the next paint draws anew.
-    void releaseMemory() noexcept { scaled_.release(); }
+    void releaseMemory() noexcept;
 
  private:
     void paintPicture(const PixelSurface& picture, IntRect placement, IntRect visible, Argb background,
                       MutablePixelView target) noexcept;
 
     ScaledPicture scaled_;
+    RotationPreview turned_;
 };
 
 }  // namespace orvane

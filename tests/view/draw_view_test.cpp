@@ -38,9 +38,7 @@ std::vector<Argb> layersOf(const ImageDocument& document, Argb background, IntSi
     Raster target(view.width, view.height, background);
     if (!document.isEmpty() && view.width >= 16 && view.height >= 16) {
         const IntRect placement = document.imageRect();
-        if (!document.rotationPreview) {
-            drawStretched({document.currentPixels(), false}, placement, target.view(), StretchMode::Over);
-        }
+        drawStretched({document.currentPixels(), false}, placement, target.view(), StretchMode::Over);
         drawImageFrame(target.view(), placement, view, document.frameColor);
     }
     return target.pixels;
@@ -135,22 +133,6 @@ TEST(DrawView, ShowsNoImageInSmallViewsOrWithoutOne) {
                 << view.width << "x" << view.height;
         }
     }
-}
-
-TEST(DrawView, ARotationPreviewStandsInForTheImageUnderTheFrame) {
-    std::mt19937 random(2);
-    ImageDocument document;
-    document.view.setViewSize({60, 50}, {});
-    loadRandomPicture(document, 20, 10, true, random);
-    document.rotationPreview = true;
-    Raster target(60, 50), bare(60, 50);
-    ViewPainter().paint(document, 0xFF000000u, bare.view());
-    EXPECT_EQ(bare.pixels, layersOf(document, 0xFF000000u, {60, 50}));
-    ViewPainter().paint(
-        document, 0xFF000000u, target.view(),
-        [](const ImageDocument&, MutablePixelView pixels) { pixels.at(30, 25) = 0xFFABCDEFu; });
-    bare.view().at(30, 25) = 0xFFABCDEFu;
-    EXPECT_EQ(target.pixels, bare.pixels);
 }
 
 TEST(DrawView, WithoutMemoryToKeepPixelsThePictureIsStillDrawn) {
