@@ -223,7 +223,7 @@ class Vistrel : public ControlBase {
     /// Number of installed font families.
     std::int32_t get_FontCount() const { return getProperty(0x39).number(); }
 
-    /// The font family of text. (0 to FontCount - 1, not checked)
+    /// The font family of text. (0 to FontCount - 1, not checked; initially that of Arial, or 0)
     std::int32_t get_FontIndex() const { return getProperty(0x3A).number(); }
     void put_FontIndex(std::int32_t value) { putProperty(0x3A, value); }
 
@@ -389,7 +389,7 @@ class Vistrel : public ControlBase {
     void put_ImageTransparency2(std::uint8_t value) { putProperty(0x62, value); }
 
     /// Chooses the font family by name; false when it is not installed.
-    /// FontName: name of the family.
+    /// FontName: name of the family, in upper or lower case.
     bool SetupFontByName(std::u16string_view FontName) { return call(0x63, {FontName}).boolean(); }
 
     /// Colour of the image stamp that is left out. (initially white)
