@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <variant>
 #include <vector>
 
-#include "platform/graphics/source_over.h"
+#include "platform/graphics/paint.h"
 #include "platform/text_back_end.h"
 
 namespace orvane {
@@ -36,22 +35,6 @@ std::u16string_view upToZero(std::u16string_view text) { return text.substr(0, t
 
 /// Coordinates so far away that nothing shows are as good as any further away.
 bool isNearEnough(double coordinate) { return std::abs(coordinate) <= 1e9; }
-
-void paintThrough(const text_back_end::Coverage& mask, const Brush& brush, MutablePixelView target) {
-    const IntRect area = mask.area;
-    const auto width = std::size_t(area.width);
-    if (const auto* solid = std::get_if<SolidBrush>(&brush)) {
-        for (int y = 0; y < area.height; ++y) {
-            sourceOverMasked(solid->colour, mask.row(y), target.row(area.y + y) + area.x, width);
-        }
-        return;
-    }
-    std::vector<Argb> colours(width);
-    for (int y = 0; y < area.height; ++y) {
-        brushRow(brush, area.x, area.y + y, width, colours.data());
-        sourceOverMasked(colours.data(), mask.row(y), target.row(area.y + y) + area.x, width);
-    }
-}
 
 }  // namespace
 
@@ -103,7 +86,12 @@ void drawText(MutablePixelView target, const Font& font, std::u16string_view tex
     text = upToZero(text);
     if (!target || text.empty() || !isNearEnough(x) || !isNearEnough(y) || !isFontAvailable(font)) return;
     try {
-        paintThrough(text_back_end::coverage(font, text, x, y, {target.width, target.height}), brush, target);
+        const auto mask = text_back_end::coverage(font, text, x, y, {target.width, target.height});
+        if (mask.area.isEmpty()) return;
+        BrushPainter painter(target, brush);
+        for (int row = 0; row < mask.area.height; ++row) {
+            painter.paint(mask.area.x, mask.area.y + row, mask.row(row), mask.area.width);
+        }
     } catch (...) {
         // No memory for the glyphs: the text is missing.
     }
