@@ -33,5 +33,15 @@ TEST(Unicode, RefusesWhatIsMalformed) {
     }
 }
 
+TEST(Unicode, ShownTextReplacesUnpairedSurrogates) {
+    const struct {
+        const char16_t* utf16;
+        const char* utf8;
+    } rows[] = {{u"a\xD800", "a\xEF\xBF\xBD"},
+                {u"\xDC00\xD800z", "\xEF\xBF\xBD\xEF\xBF\xBDz"},
+                {u"\xD800\xD83D\xDCF7", "\xEF\xBF\xBD\xF0\x9F\x93\xB7"}};
+    for (const auto& row : rows) EXPECT_EQ(shownUtf8FromUtf16(row.utf16), row.utf8);
+}
+
 }  // namespace
 }  // namespace orvane
