@@ -3,7 +3,6 @@
 #include <climits>
 #include <iterator>
 
-#include "base/random_stream.h"
 #include "support/failing_allocator.h"
 #include "tools/freehand_fixture.h"
 
@@ -53,24 +52,6 @@ TEST_F(Spray, BurstFillsTheDiscBesideTheMouse) {
         EXPECT_LT(std::max(reached.x, reached.y), -most) << "radius " << row.radius;
         EXPECT_GT(std::min(reached.width, reached.height), most) << "radius " << row.radius;
     }
-}
-
-TEST_F(Spray, DrawsHorizontalThenVertical) {
-    const RandomStream before = SharedRandomStream::take();
-    SharedRandomStream::giveBack(RandomStream(1));
-    press({20, 20});
-    spray.burst();
-    RandomStream stream(1);
-    std::vector<IntPoint> expected;
-    while (expected.size() < 25) {
-        const int u = int(stream.next() * 16 * 6.103701895199438e-05);
-        const int v = int(stream.next() * 16 * 6.103701895199438e-05);
-        if ((u - 16) * (u - 16) + (v - 16) * (v - 16) <= 256)
-            expected.push_back({20 - 16 + u + 5, 20 - 16 + v + 9});
-    }
-    EXPECT_EQ(takeDots(), expected);
-    EXPECT_EQ(SharedRandomStream::take().state(), stream.state()) << "the stream goes on behind the last dot";
-    SharedRandomStream::giveBack(before);
 }
 
 TEST_F(Spray, CentreIsThereWhileTheButtonIsHeld) {
