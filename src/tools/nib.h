@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <span>
+
 #include <orvane/geometry.h>
 #include <orvane/pixels.h>
 
@@ -34,15 +37,21 @@ struct Nib {
 /// The bar as a line of one pixel. Centres lie within +-2^30, as mapped window positions do.
 void drawNibBar(MutablePixelView target, const Nib& nib, IntPoint centre) noexcept;
 
-/// The line between two positions and the area that the bar covers on its way from one to the other.
-void drawNibSweep(MutablePixelView target, const Nib& nib, IntPoint from, IntPoint to) noexcept;
+/// How many points of a way drawNibSweep looks at.
+inline constexpr std::size_t kSweptPoints = 10;
+
+/// The line between the last two points of the way, and the area that the bar covers between them. So that no
+/// seam shows where that area meets the one before, it is filled together with the end of the way so far, two
+/// pixels of it; the colour is therefore opaque. At least two points.
+void drawNibSweep(MutablePixelView target, const Nib& nib, std::span<const IntPoint> way) noexcept;
 
 /// Which lines of a dotted cross are drawn.
 struct CrossLines {
     bool vertical = true, horizontal = true;
 };
 
-/// Dotted black lines through a point, from `reach` pixels before it to reach + 1 pixels behind it.
+/// Dotted black lines through a point, from `reach` pixels before it to reach + 1 pixels behind it. The dots
+/// are whole pixels, one in two.
 void drawDottedCross(MutablePixelView target, IntPoint centre, int reach, CrossLines lines) noexcept;
 
 }  // namespace orvane

@@ -1,6 +1,7 @@
 #include "tools/stroke_tool.h"
 
 #include <algorithm>
+#include <array>
 #include <new>
 
 #include "tools/image_commit.h"
@@ -78,11 +79,12 @@ void StrokeTool::drawPieces(MutablePixelView target, std::size_t from, std::size
 void StrokeTool::drawSweeps(MutablePixelView target, std::size_t from, std::size_t to,
                             PointMap map) const noexcept {
     const Nib current = nib();
-    IntPoint start = map(points()[from]);
+    std::array<IntPoint, kSweptPoints> way;
     for (std::size_t i = from; i < to; ++i) {
-        const IntPoint end = map(points()[i + 1]);
-        drawNibSweep(target, current, start, end);
-        start = end;
+        const auto end = points().begin() + std::ptrdiff_t(i + 2);
+        const auto count = std::min(i + 2, kSweptPoints);
+        std::transform(end - std::ptrdiff_t(count), end, way.begin(), map);
+        drawNibSweep(target, current, std::span(way).first(count));
     }
 }
 
