@@ -9,6 +9,11 @@ namespace {
 
 std::uint8_t coverageOf(float sum) { return std::uint8_t(std::clamp(sum, 0.0f, 1.0f) * 255.0f + 0.5f); }
 
+float sumUp(float* values, int count, float sum) {
+    for (int i = 0; i < count; ++i) values[i] = sum += values[i];
+    return sum;
+}
+
 }  // namespace
 
 CoverageRow::CoverageRow(int width)
@@ -66,11 +71,10 @@ void CoverageRow::handOut(int y, CoverageSink& sink) noexcept {
         next = touched ? block + 1 : nextTouched(block);
         const int x = block * kBlock, end = std::min(next * kBlock, width_);
         if (touched) {
-            for (int i = x; i < end; ++i) {
-                sum += differences_[std::size_t(i)];
-                differences_[std::size_t(i)] = 0;
-                coverages_[std::size_t(i)] = coverageOf(sum);
-            }
+            sum = sumUp(&differences_[std::size_t(x)], end - x, sum);
+            std::transform(&differences_[std::size_t(x)], &differences_[std::size_t(x)] + (end - x),
+                           &coverages_[std::size_t(x)], coverageOf);
+            std::fill_n(&differences_[std::size_t(x)], end - x, 0.0f);
             continue;
         }
         const std::uint8_t coverage = coverageOf(sum);

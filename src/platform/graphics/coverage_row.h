@@ -35,7 +35,7 @@ class CoverageRow {
     void handOut(int y, CoverageSink& sink) noexcept;
 
  private:
-    static constexpr int kBlock = 32;  ///< pixels that share a mark of being touched by an edge
+    static constexpr int kBlock = 16;  ///< pixels that share a mark of being touched by an edge
 
     void addInPixel(double fromX, double toX, double height, int pixel) noexcept;
     void touch(int firstPixel, int lastPixel) noexcept;

@@ -13,14 +13,12 @@ constexpr double kLeastHeight = 1e-9;  // a piece of an outline that is flatter 
 
 void AreaFiller::addPiece(double top, double topX, double bottom, double bottomX, int winding) {
     if (bottom <= top) return;
-    const auto [least, most] = std::minmax(topX, bottomX);
     SweepEdge edge;
     edge.top = top;
     edge.bottom = bottom;
     edge.topX = topX;
+    edge.bottomX = bottomX;
     edge.slope = (bottomX - topX) / (bottom - top);
-    edge.leastX = least;
-    edge.mostX = most;
     edge.winding = winding;
     edges_.push_back(edge);
 }

@@ -10,7 +10,7 @@ constexpr double kSameX = 1e-6;            // edges this near each other have no
 constexpr double kOverlap = 1.0 / 1024;    // a crossing that does not reach further changes no coverage
 constexpr std::size_t kRowEffort = 16384;  // places looked at in a row before it is sampled
 constexpr double kSamplesPerRow = 16;
-constexpr std::size_t kFewNewcomers = 16;
+constexpr std::size_t kFewNewcomers = 16, kLikelyPredecessors = 16;
 
 bool precedes(const SweepEdge* a, const SweepEdge* b) {
     return std::abs(a->x - b->x) > kSameX ? a->x < b->x : a->slope < b->slope;
@@ -18,13 +18,12 @@ bool precedes(const SweepEdge* a, const SweepEdge* b) {
 
 }  // namespace
 
-double SweepEdge::xAt(double y) const noexcept { return std::clamp(topX + (y - top) * slope, leastX, mostX); }
-
 Sweep::Sweep(std::vector<SweepEdge>& edges, FillRule rule, int width) : rule_(rule), row_(width) {
     starts_.reserve(edges.size());
     for (SweepEdge& edge : edges) starts_.push_back({edge.top, &edge});
     std::sort(starts_.begin(), starts_.end(), [](const Start& a, const Start& b) { return a.top < b.top; });
     order_.reserve(edges.size());
+    ended_.reserve(edges.size());
     events_.reserve(2 * edges.size() + kRowEffort);
 }
 
@@ -84,10 +83,10 @@ void Sweep::reorder(double y, std::size_t newcomers) noexcept {
         std::size_t place = i;
         for (; place > 0 && precedes(moved, order_[place - 1]); --place) {
             order_[place] = order_[place - 1];
-            order_[place]->place = place;
+            order_[place]->place = std::uint32_t(place);
         }
         order_[place] = moved;
-        moved->place = place;
+        moved->place = std::uint32_t(place);
     }
 }
 
@@ -98,18 +97,20 @@ double Sweep::nextEvent() const noexcept {
 
 void Sweep::handleEvents(double y) noexcept {
     changedFirst_ = changedEnd_ = 0;
+    ended_.clear();
     while (!events_.empty() && events_.front().y <= y) {
         const Event event = events_.front();
         std::pop_heap(events_.begin(), events_.end());
         events_.pop_back();
         const std::size_t place = event.left->place;
         if (event.right == nullptr) {
+            ended_.push_back(event.left);
             change(place, place + 1);
         } else if (place + 1 < order_.size() && order_[place] == event.left &&
                    order_[place + 1] == event.right) {
             std::swap(order_[place], order_[place + 1]);
-            event.left->place = place + 1;
-            event.right->place = place;
+            event.left->place = std::uint32_t(place + 1);
+            event.right->place = std::uint32_t(place);
             change(place, place + 2);
         }
     }
@@ -122,26 +123,35 @@ void Sweep::handleEvents(double y) noexcept {
 }
 
 // An edge that goes on where another one ends takes its place, which leaves all others where they are.
+bool Sweep::succeed(SweepEdge& edge, double y) noexcept {
+    const std::size_t count = std::min(ended_.size(), kLikelyPredecessors);
+    for (std::size_t i = 0; i < count; ++i) {
+        SweepEdge& other = *ended_[i];
+        if (other.bottomX != edge.topX) continue;
+        settle(other, y);
+        edge.place = other.place;
+        order_[edge.place] = &edge;
+        ended_[i] = ended_.back();
+        ended_.pop_back();
+        return true;
+    }
+    return false;
+}
+
 void Sweep::enter(SweepEdge& edge, double y) noexcept {
     edge.since = y;
     edge.side = 0;
     edge.x = edge.xAt(y);
     foreseeEnd(edge);
+    if (succeed(edge, y)) return;
     auto place = std::partition_point(order_.begin(), order_.end(),
                                       [&](const SweepEdge* e) { return e->xAt(y) < edge.x - kSameX; });
     for (auto it = place; it != order_.end() && (*it)->xAt(y) <= edge.x + kSameX; ++it) {
-        SweepEdge& other = **it;
-        if (other.bottom <= y) {
-            settle(other, y);
-            *it = &edge;
-            edge.place = std::size_t(it - order_.begin());
-            return change(edge.place, edge.place + 1);
-        }
-        if (other.slope < edge.slope) place = it + 1;
+        if ((*it)->slope < edge.slope) place = it + 1;
     }
     const auto first = std::size_t(place - order_.begin());
     order_.insert(place, &edge);
-    for (std::size_t i = first; i < order_.size(); ++i) order_[i]->place = i;
+    for (std::size_t i = first; i < order_.size(); ++i) order_[i]->place = std::uint32_t(i);
     if (changedFirst_ < changedEnd_ && first < changedEnd_) ++changedEnd_;
     change(first, first + 1);
     effort_ += (order_.size() - first) / 8;
@@ -154,14 +164,14 @@ void Sweep::removeEnded(double y) noexcept {
         SweepEdge* const edge = order_[i];
         if (edge->bottom > y) {
             order_[kept] = edge;
-            edge->place = kept++;
+            edge->place = std::uint32_t(kept++);
         } else {
             settle(*edge, y);
         }
     }
     if (kept == changedEnd_) return;
     order_.erase(order_.begin() + std::ptrdiff_t(kept), order_.begin() + std::ptrdiff_t(changedEnd_));
-    for (std::size_t i = kept; i < order_.size(); ++i) order_[i]->place = i;
+    for (std::size_t i = kept; i < order_.size(); ++i) order_[i]->place = std::uint32_t(i);
     changedEnd_ = kept;
     effort_ += (order_.size() - kept) / 8;
 }

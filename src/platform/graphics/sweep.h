@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "platform/graphics/coverage_row.h"
@@ -15,18 +17,21 @@ enum class FillRule {
 /// A straight piece of an outline inside the raster, from its upper end to its lower one.
 struct SweepEdge {
     double top = 0, bottom = 0;
-    double topX = 0, slope = 0;
-    double leastX = 0, mostX = 0;
+    double topX = 0, bottomX = 0, slope = 0;
     int winding = 0;  ///< 1 where the outline goes down, -1 where it goes up
 
     // What the sweep knows of it while it passes.
-    int before = 0;         ///< how often the outlines go round what is left of the edge
-    int side = 0;           ///< 1 where the inside begins, -1 where it ends, 0 where nothing is divided
-    double since = 0;       ///< the height from which on `side` holds
-    double x = 0;           ///< where the edge was last looked at
-    std::size_t place = 0;  ///< among the edges at this height, from left to right
+    int before = 0;           ///< how often the outlines go round what is left of the edge
+    int side = 0;             ///< 1 where the inside begins, -1 where it ends, 0 where nothing is divided
+    std::uint32_t place = 0;  ///< among the edges at this height, from left to right
+    double since = 0;         ///< the height from which on `side` holds
+    double x = 0;             ///< where the edge was last looked at
 
-    [[nodiscard]] double xAt(double y) const noexcept;
+    /// For heights between its ends.
+    [[nodiscard]] double xAt(double y) const noexcept {
+        const double along = topX + (y - top) * slope;
+        return slope < 0 ? std::max(along, bottomX) : std::min(along, bottomX);
+    }
 };
 
 /// Goes down the rows with the edges that cross the current height, ordered from left to right, and enters
@@ -63,6 +68,7 @@ class Sweep {
 
     [[nodiscard]] double nextEvent() const noexcept;
     void handleEvents(double y) noexcept;
+    [[nodiscard]] bool succeed(SweepEdge& edge, double y) noexcept;
     void enter(SweepEdge& edge, double y) noexcept;
     void removeEnded(double y) noexcept;
     void reorder(double y, std::size_t newcomers) noexcept;
@@ -86,7 +92,8 @@ class Sweep {
     std::vector<Start> starts_;  ///< from top to bottom
     std::size_t next_ = 0;       ///< the first edge that has not been reached
     std::vector<SweepEdge*> order_;
-    std::vector<Event> events_;  ///< a heap: what is to come in this row
+    std::vector<SweepEdge*> ended_;  ///< at this height, and still in order
+    std::vector<Event> events_;      ///< a heap: what is to come in this row
     double rowBottom_ = 0;
     std::size_t changedFirst_ = 0, changedEnd_ = 0;  ///< places to be looked at again
     std::size_t effort_ = 0;
