@@ -65,30 +65,6 @@ TEST(BrushProperties, EveryPutReadsATextureInUseAgain) {
     writePicture(folder.path("wood.png"), 0x80000003u);
     control.put("BrushTextureStyle", 4);
     EXPECT_EQ(brushColour(control), 0xFF000002u) << "an ignored value reads nothing";
-}
-
-TEST(BrushProperties, TexturesRepeatAsToldAndOutliveTheirFile) {
-    const test::TemporaryFolder folder;
-    TestControl control;
-    writePicture(folder.path("wood.png"), 0xFF000001u);
-    control.put("BrushTextureStyle", 2);
-    control.put("TextureFileName", folder.path16("wood.png"));
-    control.put("BrushStyle", 3);
-    const auto wrap = [&] { return std::get<TextureBrush>(*control.control().brush.current()).wrap; };
-    EXPECT_EQ(wrap(), WrapMode::FlipY);
-    control.put("BrushTextureStyle", 1);
-    EXPECT_EQ(wrap(), WrapMode::FlipX);
-
-    std::filesystem::remove(folder.path("wood.png"));
-    control.put("BrushTextureStyle", 3);
-    control.put("BrushStyle", 0);
-    control.put("BrushStyle", 3);
-    EXPECT_EQ(brushColour(control), 0xFF000001u);
-    EXPECT_EQ(wrap(), WrapMode::FlipX);
-
-    control.put("TextureFileName", folder.path16("missing.png"));
-    EXPECT_EQ(brushColour(control), std::nullopt);
-    EXPECT_EQ(control.get("TextureFileName").string(), folder.path16("missing.png"));
     control.put("TextureFileName", Value());
     EXPECT_EQ(brushColour(control), std::nullopt);
 }
