@@ -5,23 +5,17 @@
 #include "platform/graphics/brush_rows.h"
 
 namespace orvane {
-namespace {
-
-struct RowWriter {
-    int x, y;
-    std::size_t count;
-    Argb* colours;
-
-    void operator()(const SolidBrush& brush) const noexcept { std::fill_n(colours, count, brush.colour); }
-    void operator()(const HatchBrush& brush) const noexcept { hatchRow(brush, x, y, count, colours); }
-    void operator()(const GradientBrush& brush) const noexcept { gradientRow(brush, x, y, count, colours); }
-    void operator()(const TextureBrush& brush) const noexcept { textureRow(brush, x, y, count, colours); }
-};
-
-}  // namespace
 
 void brushRow(const Brush& brush, int x, int y, std::size_t count, Argb* colours) noexcept {
-    std::visit(RowWriter{x, y, count, colours}, brush);
+    if (const auto* solid = std::get_if<SolidBrush>(&brush)) {
+        std::fill_n(colours, count, solid->colour);
+    } else if (const auto* hatch = std::get_if<HatchBrush>(&brush)) {
+        hatchRow(*hatch, x, y, count, colours);
+    } else if (const auto* gradient = std::get_if<GradientBrush>(&brush)) {
+        gradientRow(*gradient, x, y, count, colours);
+    } else if (const auto* texture = std::get_if<TextureBrush>(&brush)) {
+        textureRow(*texture, x, y, count, colours);
+    }
 }
 
 }  // namespace orvane
