@@ -110,6 +110,11 @@ void hoverNib(Control& control, IntPoint mouse) {
 
 void drawTool(Control& control, MutablePixelView view) { activeTool(control).Draw(view); }
 
+void drawStamp(Control& control, MutablePixelView view) {
+    ImageStampTool& stamp = control.tools.imageStamp;
+    control.showsActualSize() ? stamp.Draw(view) : stamp.DrawScaled(view);
+}
+
 // What the stroke has drawn for good lies in the view already.
 void drawNib(Control& control, MutablePixelView view) {
     StrokeTool& stroke = *control.tools.strokeOfMode(control.paintStatus);
@@ -137,6 +142,16 @@ constexpr ModeRules vertexList(int mode) {
             .hoverNoButton = hoverTool,
             .rightDown = pressRightOnTool,
             .overlay = drawTool,
+            .acceptCommits = true};
+}
+
+constexpr ModeRules draggedBox(int mode, ModeRules::Overlay overlay) {
+    return {.mode = mode,
+            .leftDown = pressTool,
+            .drag = dragTool,
+            .leftUp = releaseTool,
+            .hoverNoButton = hoverTool,
+            .overlay = overlay,
             .acceptCommits = true};
 }
 
@@ -179,9 +194,9 @@ constexpr std::array<ModeRules, 22> kModes{{
     figure(PaintMode::Rectangle),
     nib(PaintMode::Brush),
     withoutRightButton(vertexList(PaintMode::Bezier)),
-    {.mode = PaintMode::Text},
+    draggedBox(PaintMode::Text, drawTool),
     nib(PaintMode::Eraser),
-    {.mode = PaintMode::ImageStamp},
+    draggedBox(PaintMode::ImageStamp, drawStamp),
     {.mode = PaintMode::Crop},
     {.mode = PaintMode::Selection},
     {.mode = PaintMode::RedEye},

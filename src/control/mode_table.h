@@ -11,6 +11,7 @@ class VistrelControl;
 /// while there is a picture, and after the scroll window and a drag of the view had their chance.
 struct ModeRules {
     using MouseHandler = void (*)(VistrelControl&, IntPoint);
+    using Overlay = void (*)(VistrelControl&, MutablePixelView view);
 
     int mode = 0;
     MouseHandler leftDown = nullptr;
@@ -19,7 +20,7 @@ struct ModeRules {
     MouseHandler hover = nullptr;          ///< a move with the left button up
     MouseHandler hoverNoButton = nullptr;  ///< a move with neither button held
     MouseHandler rightDown = nullptr;
-    void (*overlay)(VistrelControl&, MutablePixelView) = nullptr;
+    Overlay overlay = nullptr;
     bool acceptCommits = false;  ///< `Accept` draws what the tool has placed into the picture
 };
 

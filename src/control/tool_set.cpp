@@ -8,7 +8,8 @@ constexpr int kModeCount = PaintMode::TrackPoint + 1;
 }  // namespace
 
 ToolSet::ToolSet(const PenSettings& pen, BrushSettings& brush, const FreehandSettings& freehand,
-                 const Argb& eraserColor) noexcept
+                 const Argb& eraserColor, const TextSettings& textSettings,
+                 const StampSettings& stampSettings) noexcept
     : line(pen, brush),
       polyline(pen, brush),
       pencil(pen, brush),
@@ -22,7 +23,9 @@ ToolSet::ToolSet(const PenSettings& pen, BrushSettings& brush, const FreehandSet
       rectangle(pen, brush),
       brushStroke(pen, brush, freehand),
       bezier(pen, brush),
+      text(pen, brush, textSettings),
       eraser(pen, brush, freehand, eraserColor),
+      imageStamp(pen, brush, stampSettings),
       trackPoint(pen, brush) {}
 
 PaintTool* ToolSet::ofMode(int mode) noexcept {
@@ -53,8 +56,12 @@ PaintTool* ToolSet::ofMode(int mode) noexcept {
             return &brushStroke;
         case PaintMode::Bezier:
             return &bezier;
+        case PaintMode::Text:
+            return &text;
         case PaintMode::Eraser:
             return &eraser;
+        case PaintMode::ImageStamp:
+            return &imageStamp;
         case PaintMode::TrackPoint:
             return &trackPoint;
         default:

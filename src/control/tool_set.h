@@ -8,6 +8,7 @@
 #include "tools/curve_tool.h"
 #include "tools/ellipse_tool.h"
 #include "tools/eraser_tool.h"
+#include "tools/image_stamp_tool.h"
 #include "tools/line_tool.h"
 #include "tools/pencil_tool.h"
 #include "tools/pie_tool.h"
@@ -15,6 +16,8 @@
 #include "tools/polyline_tool.h"
 #include "tools/rectangle_tool.h"
 #include "tools/spray_tool.h"
+#include "tools/text_settings.h"
+#include "tools/text_tool.h"
 #include "tools/tool_settings.h"
 #include "tools/track_point_tool.h"
 
@@ -25,7 +28,8 @@ namespace orvane {
 class ToolSet {
  public:
     ToolSet(const PenSettings& pen, BrushSettings& brush, const FreehandSettings& freehand,
-            const Argb& eraserColor) noexcept;
+            const Argb& eraserColor, const TextSettings& textSettings,
+            const StampSettings& stampSettings) noexcept;
 
     /// The mode's tool; null for modes without one.
     [[nodiscard]] PaintTool* ofMode(int mode) noexcept;
@@ -49,7 +53,9 @@ class ToolSet {
     RectangleTool rectangle;
     BrushStrokeTool brushStroke;
     BezierTool bezier;
+    TextTool text;
     EraserTool eraser;
+    ImageStampTool imageStamp;
     TrackPointTool trackPoint;
 };
 

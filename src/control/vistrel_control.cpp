@@ -1,6 +1,8 @@
 #include "control/vistrel_control.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 #include "control/mode_table.h"
 #include "control/paint_mode.h"
@@ -21,7 +23,7 @@ VistrelControl::VistrelControl(WindowServices* windowServices, ClipboardServices
     : window(windowServices),
       clipboard(clipboardServices),
       eraserColor(document.bitmapBackColor),
-      tools(pen, brush, freehand, eraserColor) {}
+      tools(pen, brush, freehand, eraserColor, text, stamp) {}
 
 VistrelControl::~VistrelControl() { onDestroy(); }
 
@@ -82,6 +84,20 @@ void VistrelControl::commit(PaintTool& tool) noexcept {
     tool.commit(document, [this](IntPoint point) { return withinReach(toImage(point)); });
 }
 
+void VistrelControl::placeStamp(PixelSurface picture) noexcept {
+    tools.imageStamp.setPicture(std::move(picture));
+    SetPaintStatus(PaintMode::ImageStamp);
+    tools.imageStamp.place([this](IntPoint image) { return withinReach(toWindow(image)); },
+                           showsActualSize());
+    refresh();
+}
+
+void VistrelControl::placeText(std::u16string_view string) noexcept {
+    if (!tools.text.place(string, toWindow({0, 0}))) return;
+    SetPaintStatus(PaintMode::Text);
+    refresh();
+}
+
 void VistrelControl::CommitPending() noexcept {
     if (!document.isEmpty() && rulesOf(paintStatus).acceptCommits) commit(*tools.ofMode(paintStatus));
 }
@@ -93,6 +109,15 @@ IntSize VistrelControl::outerSize() const noexcept {
 
 IntPoint VistrelControl::toImage(IntPoint mouse) const noexcept {
     return windowToImage(document, document.view.zoom, mouse);
+}
+
+IntPoint VistrelControl::toWindow(IntPoint image) const noexcept {
+    return imageToWindow(document, document.view.zoom, image, outerSize());
+}
+
+bool VistrelControl::showsActualSize() const noexcept {
+    constexpr double kTolerance = 0.01;
+    return std::abs(document.view.zoom - 1.0) < kTolerance;
 }
 
 void VistrelControl::fireAt(EventId event, IntPoint mouse) noexcept {

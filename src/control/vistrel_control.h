@@ -53,6 +53,10 @@ class VistrelControl {
     void releaseMouse() noexcept;
     /// The image pixel under a window pixel, not clamped to the image.
     [[nodiscard]] IntPoint toImage(IntPoint mouse) const noexcept;
+    /// The window pixel that shows an image pixel.
+    [[nodiscard]] IntPoint toWindow(IntPoint image) const noexcept;
+    /// Whether the zoom is as good as 1.
+    [[nodiscard]] bool showsActualSize() const noexcept;
     /// The window's size with its border; without a window, the view's.
     [[nodiscard]] IntSize outerSize() const noexcept;
     void fire(EventId event, std::span<const Value> arguments = {}) noexcept { sinks.fire(event, arguments); }
@@ -60,6 +64,10 @@ class VistrelControl {
     void fireAt(EventId event, IntPoint mouse) noexcept;
     /// Draws what a tool has collected into the image, as the tool sees fit.
     void commit(PaintTool& tool) noexcept;
+    /// Enters mode 16 with this picture as the stamp, or mode 14 with this text, at the image's top-left
+    /// corner.
+    void placeStamp(PixelSurface picture) noexcept;
+    void placeText(std::u16string_view string) noexcept;
     /// The body of `Accept`: the active tool's pending result goes into the image.
     void CommitPending() noexcept;
 

@@ -1,25 +1,9 @@
 #include "tools/brush_settings.h"
 
-#include <new>
-
-#include "base/unicode.h"
 #include "document/surface_file.h"
-#include "platform/files.h"
 
 namespace orvane {
 namespace {
-
-constexpr std::size_t kShortestFileName = 3;
-
-/// The path of a file that can be opened; nothing for a missing one, and when there is no memory to tell.
-std::optional<std::string> readablePath(const std::optional<std::u16string>& name) noexcept try {
-    if (!name || name->size() < kShortestFileName) return std::nullopt;
-    auto path = utf8FromUtf16(*name);
-    if (path && !isReadableFile(*path)) path.reset();
-    return path;
-} catch (const std::bad_alloc&) {
-    return std::nullopt;
-}
 
 void replaceAlpha(PixelSurface& surface, unsigned alpha) noexcept {
     const MutablePixelView pixels = surface.write();
@@ -63,7 +47,7 @@ void BrushSettings::setGradientRectangle(IntRect area) noexcept {
 }
 
 void BrushSettings::readTexture() noexcept {
-    const auto path = readablePath(textureFileName);
+    const auto path = textureFileName ? readablePath(*textureFileName) : std::nullopt;
     if (!path) return;
     // The old picture first, for a large one need not stand beside its successor.
     texture = {};

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/unicode.h"
+#include "document/surface_file.h"
 
 namespace orvane::members {
 namespace {
@@ -30,6 +31,20 @@ Value accept(VistrelControl& control, Arguments) {
 Value resetTrack(VistrelControl& control, Arguments) {
     control.ResetAllTools();
     control.refresh();
+    return {};
+}
+
+Value drawString(VistrelControl& control, Arguments arguments) {
+    if (!control.document.isEmpty()) {
+        control.placeText(arguments[0].string());
+    }
+    return {};
+}
+
+// A file that is there and is no picture is placed all the same, as a stamp that shows nothing.
+Value drawImage(VistrelControl& control, Arguments arguments) {
+    if (control.document.isEmpty()) return {};
+    if (const auto path = readablePath(arguments[0].string())) control.placeStamp(loadSurface(*path));
     return {};
 }
 
@@ -82,8 +97,18 @@ struct FontStyle {
 
 template <auto Field>
 using Freehand = Stored<&VistrelControl::freehand, Field>;
+/// A setting of the stamp, whose pattern follows it.
+template <class Property>
+struct StampSetting {
+    static Value get(const VistrelControl& control) { return Property::get(control); }
+    static void put(VistrelControl& control, const Value& value) {
+        Property::put(control, value);
+        control.tools.imageStamp.applyPattern();
+    }
+};
 template <auto Field>
-using Stamp = Stored<&VistrelControl::stamp, Field>;
+using Stamp = StampSetting<Stored<&VistrelControl::stamp, Field>>;
+using StampMaskColour = StampSetting<OpaqueColour<&VistrelControl::stamp, &StampSettings::maskColour>>;
 
 /// A property of the brush, which is made anew from its properties.
 template <class Property>
@@ -187,12 +212,14 @@ constexpr Member kRows[] = {
     {.id = 0x3C,
      .name = "DrawString",
      .help = "Places a text to be dragged and accepted.",
-     .parameters = {{"strValue", String, "the text"}}},
+     .parameters = {{"strValue", String, "the text"}},
+     .call = drawString},
     {.id = 0x3D, .name = "ResetTrack", .help = "Drops what the tools have placed.", .call = resetTrack},
     {.id = 0x41,
      .name = "DrawImage",
      .help = "Places a picture file as an image stamp to be dragged and accepted.",
-     .parameters = {{"FileName", String, "path of the file"}}},
+     .parameters = {{"FileName", String, "path of the file"}},
+     .call = drawImage},
     {.id = 0x50,
      .name = "BrushStyle",
      .kind = Kind::Property,
@@ -304,8 +331,8 @@ constexpr Member kRows[] = {
      .type = Color,
      .help = "Colour of the image stamp that is left out.",
      .range = "initially white",
-     .get = OpaqueColour<&VistrelControl::stamp, &StampSettings::maskColour>::get,
-     .put = OpaqueColour<&VistrelControl::stamp, &StampSettings::maskColour>::put,
+     .get = StampMaskColour::get,
+     .put = StampMaskColour::put,
      .rule = {.refresh = Refresh::InStampMode}},
     {.id = 0x65,
      .name = "UseImageMaskColor",
