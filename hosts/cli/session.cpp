@@ -24,7 +24,7 @@ std::string whyNotLoaded(const std::string& path) {
 
 }  // namespace
 
-Session::Session(Printer& output) : printer(output), control(&window) {
+Session::Session(Printer& output) : printer(output), control(&window, &clipboard) {
     control.onSize(window.size().width, window.size().height);
     control.sinks.connect(*this);
 }

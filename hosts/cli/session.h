@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <orvane/event_sink.h>
+#include <orvane/headless_clipboard.h>
 #include <orvane/headless_window.h>
 
 #include "cli/exit_status.h"
@@ -35,6 +36,7 @@ class Session final : private EventSink {
 
     Printer& printer;
     HeadlessWindow window;
+    HeadlessClipboard clipboard;
     VistrelControl control;
     MouseButtons held;  ///< by the mouse steps so far
 

@@ -92,7 +92,7 @@ IntPoint nextMouse(FuzzInput& data, IntPoint last) {
 
 }  // namespace
 
-RandomSteps::RandomSteps() : window(kFirstWidth, kFirstHeight), control(&window) {
+RandomSteps::RandomSteps() : window(kFirstWidth, kFirstHeight), control(&window, &clipboard) {
     control.sinks.connect(*this);
     control.onSize(kFirstWidth, kFirstHeight);
 }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include <orvane/event_sink.h>
+#include <orvane/headless_clipboard.h>
 #include <orvane/headless_window.h>
 
 #include "control/vistrel_control.h"
@@ -22,6 +23,7 @@ class RandomSteps final : private EventSink {
     [[nodiscard]] std::string brokenInvariant() const;
 
     HeadlessWindow window;
+    HeadlessClipboard clipboard;
     VistrelControl control;
 
  private:
