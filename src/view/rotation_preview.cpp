@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "geometry/free_rotation.h"
 #include "platform/graphics/fill.h"
@@ -11,25 +12,20 @@
 namespace orvane {
 namespace {
 
-// The copy's sizes are this factor apart: the turned picture is never more than half a step larger or smaller
-// than the copy, which neither blurs nor aliases visibly.
+// The copies' sizes are this factor apart: the turned picture is never more than half a step larger or
+// smaller than its copy, which neither blurs nor aliases visibly.
 constexpr double kSizeStep = 1.2;
 
-// From here on the picture itself serves as well as a copy.
+// From this scale on the picture itself serves as well as a copy.
 constexpr double kFullSize = 0.9;
 
-// The size to which a picture shown in a frame of this size is averaged, or its own size where averaging is
-// not worth while.
-IntSize averagedSize(IntSize picture, IntSize frame, float factor) noexcept {
-    const double steps = std::round(std::log(double(factor)) / std::log(kSizeStep));
-    const double scale = std::pow(kSizeStep, steps);
-    const double width = frame.width * scale, height = frame.height * scale;
-    if (double(frame.width) * double(factor) >= kFullSize * picture.width ||
-        double(frame.height) * double(factor) >= kFullSize * picture.height || width >= picture.width ||
-        height >= picture.height) {
-        return picture;
-    }
-    return {std::max(int(width), 1), std::max(int(height), 1)};
+int stepOf(double enlargement) noexcept {
+    return int(std::lround(std::log(enlargement) / std::log(kSizeStep)));
+}
+
+bool isShownSmall(IntSize picture, IntSize frame, double enlargement) noexcept {
+    return frame.width * enlargement < kFullSize * picture.width &&
+           frame.height * enlargement < kFullSize * picture.height;
 }
 
 struct Bounds {
@@ -66,45 +62,52 @@ IntRect pixelsUnder(const Bounds& bounds, IntSize size) noexcept {
 
 bool covers(const IntRect& outer, const IntRect& inner) noexcept { return outer.intersected(inner) == inner; }
 
+IntSize sizeOf(const PixelSurface& surface) noexcept { return {surface.width(), surface.height()}; }
+
 }  // namespace
 
 void RotationPreview::draw(const PixelSurface& picture, float angle, IntRect placement,
                            MutablePixelView target) noexcept {
     const IntRect visible = clippedTo({target.width, target.height}, placement);
     if (visible.isEmpty()) return;
-    const IntSize frame{placement.width, placement.height};
-    const IntSize averaged =
-        averagedSize({picture.width(), picture.height()}, frame, fillFactor(frame, angle));
     const IntRect part{int(std::int64_t{visible.x} - placement.x), int(std::int64_t{visible.y} - placement.y),
                        visible.width, visible.height};
-    const AffineMap toAveraged = turnedToPicture(frame, angle, averaged);
-    const bool isOpaque = picture.isOpaque();
-    if (averaged.width < picture.width() && average(picture, averaged, toAveraged, part)) {
-        const AffineMap toCopy = AffineMap::translation(-covered_.x, -covered_.y).after(toAveraged);
-        drawTransformed({copy_.read(), isOpaque}, toCopy, placement, visible, target, StretchMode::Over);
-        return;
-    }
-    drawTransformed({picture.read(), isOpaque},
-                    turnedToPicture(frame, angle, {picture.width(), picture.height()}), placement, visible,
-                    target, StretchMode::Over);
+    const Source source = sourceFor(picture, angle, {placement.width, placement.height}, part);
+    drawTransformed({source.pixels->read(), picture.isOpaque()}, source.fromFrame, placement, visible, target,
+                    StretchMode::Over);
 }
 
-bool RotationPreview::average(const PixelSurface& picture, IntSize averaged, const AffineMap& toAveraged,
-                              IntRect part) noexcept {
-    const Bounds bounds = boundsOf(toAveraged, part);
-    const bool isSame = contentId_ == picture.contentId() && averaged_ == averaged;
-    if (isSame && covers(covered_, pixelsUnder(bounds, averaged))) return true;
-
-    release();
-    const IntRect covered = pixelsUnder(boundsOfAllTurns(bounds), averaged);
-    copy_ = PixelSurface::create(covered.width, covered.height);
-    const MutablePixelView pixels = copy_.overwrite();
-    if (!pixels) return false;
-    drawStretched({picture.read(), picture.isOpaque()},
-                  {-covered.x, -covered.y, averaged.width, averaged.height}, pixels, StretchMode::Replace);
+RotationPreview::Source RotationPreview::sourceFor(const PixelSurface& picture, float angle, IntSize frame,
+                                                   IntRect part) noexcept {
+    if (contentId_ != picture.contentId() || !(frame_ == frame)) release();
     contentId_ = picture.contentId();
-    averaged_ = averaged;
-    covered_ = covered;
+    frame_ = frame;
+    const auto enlargement = double(fillFactor(frame, angle));
+    if (isShownSmall(sizeOf(picture), frame, enlargement)) {
+        const int step = stepOf(enlargement);
+        const double scale = std::pow(kSizeStep, step);
+        const IntSize whole{std::max(int(frame.width * scale), 1), std::max(int(frame.height * scale), 1)};
+        const AffineMap fromFrame = turnedToPicture(frame, angle, whole);
+        const Bounds bounds = boundsOf(fromFrame, part);
+        Copy& copy = copies_[std::size_t(step) % kCopies];
+        if (update(copy, picture, whole, pixelsUnder(bounds, whole),
+                   pixelsUnder(boundsOfAllTurns(bounds), whole))) {
+            return {&copy.pixels, AffineMap::translation(-copy.covered.x, -copy.covered.y).after(fromFrame)};
+        }
+    }
+    return {&picture, turnedToPicture(frame, angle, sizeOf(picture))};
+}
+
+bool RotationPreview::update(Copy& copy, const PixelSurface& picture, IntSize whole, IntRect needed,
+                             IntRect likely) noexcept {
+    if (copy.whole == whole && covers(copy.covered, needed)) return true;
+    copy = {};  // its memory may serve the new one
+    PixelSurface pixels = PixelSurface::create(likely.width, likely.height);
+    const MutablePixelView target = pixels.overwrite();
+    if (!target) return false;
+    drawStretched({picture.read(), picture.isOpaque()}, {-likely.x, -likely.y, whole.width, whole.height},
+                  target, StretchMode::Replace);
+    copy = {std::move(pixels), whole, likely};
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include <orvane/geometry.h>
 #include <orvane/pixels.h>
 
+#include <array>
 #include <cstdint>
 
 #include "base/affine_map.h"
@@ -13,10 +14,11 @@ namespace orvane {
 /// Shows a picture turned by an angle and enlarged so that it fills the rectangle in which it is shown, as
 /// applyRotation would turn it.
 ///
-/// Where a large picture is shown small, it is averaged to about the size in which the turned picture shows
-/// it, so that the preview is as smooth as the plain view, and this copy is kept: the angle decides how large
-/// that is, and while it changes a little, drawing costs only the visible pixels. The copy covers about as
-/// much as a circle around the view. Without memory for it the picture is drawn all the same, less smoothly.
+/// Where a large picture is shown small, it is first averaged to about the size in which the turned picture
+/// shows it, so that the preview is as smooth as the plain view. How large that is depends on the angle: a
+/// few such copies, each made when it is first needed, serve all angles, and drawing from them costs the
+/// visible pixels only. Each covers about as much as a circle around the view. Without memory for a copy the
+/// picture is drawn all the same, less smoothly.
 class RotationPreview {
  public:
     /// Draws the picture, shown in `placement` and turned by `angle` degrees, over what the target holds.
@@ -25,15 +27,29 @@ class RotationPreview {
     void release() noexcept { *this = {}; }
 
  private:
-    // Sees to it that the copy shows the part of the averaged picture that lies under these pixels of the
-    // placement. False without memory.
-    bool average(const PixelSurface& picture, IntSize averaged, const AffineMap& toAveraged,
-                 IntRect part) noexcept;
+    /// A part of the picture, averaged.
+    struct Copy {
+        PixelSurface pixels;
+        IntSize whole;    ///< the size of the whole picture when averaged like this
+        IntRect covered;  ///< the part that this copy shows
+    };
+    /// Where the picture is drawn from.
+    struct Source {
+        const PixelSurface* pixels = nullptr;
+        AffineMap fromFrame;  ///< from the placement's pixels to these
+    };
 
-    PixelSurface copy_;
+    [[nodiscard]] Source sourceFor(const PixelSurface& picture, float angle, IntSize frame,
+                                   IntRect part) noexcept;
+    // Sees to it that the copy has the pixels inside `needed`. False without memory.
+    bool update(Copy& copy, const PixelSurface& picture, IntSize whole, IntRect needed,
+                IntRect likely) noexcept;
+
+    static constexpr int kCopies = 6;  // up to an enlargement of 3; beyond, they take turns
+
+    std::array<Copy, kCopies> copies_;
     std::uint64_t contentId_ = 0;  // of the picture that was averaged
-    IntSize averaged_;             // the size of the whole picture then
-    IntRect covered_;              // the part of it that the copy shows
+    IntSize frame_;                // the size in which it was shown
 };
 
 }  // namespace orvane
