@@ -33,8 +33,9 @@ void fillPanel(MutablePixelView target, const IntRect& r, const Brush& brush) no
 }
 
 void outlinePanel(MutablePixelView target, const IntRect& r, const Pen& pen) noexcept {
-    const int left = r.x + kRadius, right = r.right() - kRadius + 1;
-    const int top = r.y + kRadius, bottom = r.bottom() - kRadius + 1;
+    // The sides reach one pixel into the corners: blunt ends that merely met would leave a seam.
+    const int left = r.x + kRadius - 1, right = r.right() - kRadius + 1;
+    const int top = r.y + kRadius - 1, bottom = r.bottom() - kRadius + 1;
     drawLine(target, pen, {left, r.y}, {right, r.y});
     drawLine(target, pen, {r.right(), top}, {r.right(), bottom});
     drawLine(target, pen, {left, r.bottom()}, {right, r.bottom()});

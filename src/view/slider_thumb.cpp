@@ -18,7 +18,6 @@ constexpr std::array<std::string_view, kHeight> kRows = {
     "owwlllllllmmdo",  //
     "owwlllllllmmdo",  //
     "owwlllllllmmdo",  //
-    "owlgglggLggmdo",  //
     "owlgwlgwlgwmdo",  //
     "owlgwlgwlgwmdo",  //
     "owlgwlgwlgwmdo",  //
@@ -26,7 +25,8 @@ constexpr std::array<std::string_view, kHeight> kRows = {
     "owlgwlgwlgwmdo",  //
     "owlgwlgwlgwmdo",  //
     "owlgwlgwlgwmdo",  //
-    "owllwwlwwlwwdo",  //
+    "owlgwlgwlgwmdo",  //
+    "owlllllllmmmdo",  //
     "owlllllllmmmdo",  //
     "owlllllllmmmdo",  //
     "owllllllmmmmdo",  //
