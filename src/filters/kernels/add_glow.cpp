@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <optional>
 #include <vector>
 
+#include "filters/kernels/add_far_glow.h"
+#include "filters/kernels/brighten_pixels.h"
 #include "filters/kernels/glow_falloff.h"
+#include "filters/kernels/light_source.h"
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "filters/kernels/add_glow.cpp"
@@ -101,11 +103,8 @@ class LightStrip {
             found += hn::CountTrue(di, lit);
         }
         for (; i < count; ++i) {
-            const int red = int(redOf(pixels[i])), green = int(greenOf(pixels[i])),
-                      blue = int(blueOf(pixels[i]));
-            const bool lit = std::min({red, green, blue}) >= level_;
-            light[i] = lit ? static_cast<float>(red + green + blue) : 0.0f;
-            found += lit;
+            light[i] = static_cast<float>(lightOf(pixels[i], level_));
+            found += light[i] != 0.0f;
         }
         return static_cast<int>(found);
     }
@@ -122,8 +121,6 @@ class LightStrip {
 /// Lights a tile from a list of its sources, as the definition has it.
 class ScatteredLight {
  public:
-    /// Beyond this reach the table of weights would leave the caches.
-    static constexpr int kMaxReach = 256;
     /// With more sources per tile it is quicker to look at all pixels.
     static constexpr int kMaxSources = 500;
 
@@ -360,32 +357,11 @@ class GatheredLight {
     double sums_[kTileWidth];
 };
 
-/// Adds its light to every pixel of a row.
-void brighten(const Argb* source, const std::uint8_t* levels, Argb* target, int count) {
-    int x = 0;
-#if HWY_TARGET != HWY_SCALAR
-    const hn::ScalableTag<std::uint32_t> d;
-    const hn::Repartition<std::uint8_t, decltype(d)> bytes;
-    const hn::Rebind<std::uint8_t, decltype(d)> narrow;
-    for (; x + int(hn::Lanes(d)) <= count; x += int(hn::Lanes(d))) {
-        const auto light = hn::Mul(hn::PromoteTo(d, hn::LoadU(narrow, levels + x)), hn::Set(d, 0x00010101u));
-        const auto sum =
-            hn::SaturatedAdd(hn::BitCast(bytes, hn::LoadU(d, source + x)), hn::BitCast(bytes, light));
-        hn::StoreU(hn::Or(hn::BitCast(d, sum), hn::Set(d, 0xFF000000u)), d, target + x);
-    }
-#endif
-    for (; x < count; ++x) {
-        const auto sum = [&](unsigned channel) { return std::min(channel + levels[x], 255u); };
-        target[x] = makeOpaque(sum(redOf(source[x])), sum(greenOf(source[x])), sum(blueOf(source[x])));
-    }
-}
-
 }  // namespace
 
 void addLight(PixelView source, MutablePixelView target, int level, const GlowFalloff& falloff) {
     LightStrip strip(source, level, falloff);
-    std::optional<ScatteredLight> scattered;
-    if (std::max(falloff.reachX(), falloff.reachY()) <= ScatteredLight::kMaxReach) scattered.emplace(falloff);
+    ScatteredLight scattered(falloff);
     GatheredLight gathered(falloff, strip.rowLength());
     for (int left = 0; left < source.width; left += kTileWidth) {
         const int width = std::min(kTileWidth, source.width - left);
@@ -398,16 +374,16 @@ void addLight(PixelView source, MutablePixelView target, int level, const GlowFa
             std::int64_t sources = 0;
             for (int y = firstRow; y < endRow; ++y) sources += strip.sourcesOf(y);
 
-            const bool scatter = scattered && sources <= ScatteredLight::kMaxSources;
+            const bool scatter = sources <= ScatteredLight::kMaxSources;
             if (scatter && sources != 0) {
-                scattered->collect(strip, firstRow, endRow);
-                scattered->light(left, top, height);
+                scattered.collect(strip, firstRow, endRow);
+                scattered.light(left, top, height);
             }
             std::uint8_t levels[kTileWidth] = {};
             for (int y = top; y < top + height; ++y) {
-                if (sources != 0 && scatter) scattered->levelsOfRow(y - top, levels);
+                if (sources != 0 && scatter) scattered.levelsOfRow(y - top, levels);
                 if (sources != 0 && !scatter) gathered.levelsOfRow(strip, y, source.height, levels);
-                brighten(source.row(y) + left, levels, target.row(y) + left, width);
+                brightenPixels(source.row(y) + left, levels, target.row(y) + left, std::size_t(width));
             }
         }
     }
@@ -422,9 +398,38 @@ namespace orvane {
 
 HWY_EXPORT(addLight);
 
+namespace {
+
+/// Light that does not reach farther than this is best added up pixel by pixel, and light that reaches
+/// farther than the other one never.
+constexpr int kShortReach = 30, kLongReach = 256;
+/// In between, so many sums per pixel cost as much as a convolution in frequencies.
+constexpr double kManySumsPerPixel = 120;
+
+bool isFarGlow(const GlowFalloff& falloff, std::size_t lights, std::size_t pixels) {
+    const int reach = std::max(falloff.reachX(), falloff.reachY());
+    if (reach <= kShortReach || reach > kLongReach) return reach > kLongReach;
+    const double lit = (2.0 * falloff.reachX() + 1) * (2.0 * falloff.reachY() + 1);
+    return lit * double(lights) > kManySumsPerPixel * double(pixels);
+}
+
+}  // namespace
+
 void addGlow(PixelView source, MutablePixelView target, const Glow& light) {
+    const std::size_t lights = light.radius > kShortReach ? countLights(source, light.level) : 1;
+    if (lights == 0) {
+        const std::vector<std::uint8_t> darkness(std::size_t(source.width));
+        for (int y = 0; y < source.height; ++y) {
+            brightenPixels(source.row(y), darkness.data(), target.row(y), darkness.size());
+        }
+        return;
+    }
     const GlowFalloff falloff(light.radius, light.intensity, source.width, source.height);
-    HWY_DYNAMIC_DISPATCH(addLight)(source, target, light.level, falloff);
+    if (isFarGlow(falloff, lights, source.pixelCount())) {
+        addFarGlow(source, target, light.level, falloff, lights);
+    } else {
+        HWY_DYNAMIC_DISPATCH(addLight)(source, target, light.level, falloff);
+    }
 }
 
 }  // namespace orvane

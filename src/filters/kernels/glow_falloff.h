@@ -10,7 +10,8 @@ namespace orvane {
 /// what lies farther than the radius, or at distance 0, counts as distance 0 with weight 0.
 class GlowFalloff {
  public:
-    /// For pictures of this size. Takes a step per pixel of the radius; may throw std::bad_alloc.
+    /// For pictures of this size. Takes a step per pixel of the picture within reach, and less than a second
+    /// for what the radius has beyond. May throw std::bad_alloc.
     GlowFalloff(int radius, int intensity, int width, int height);
 
     /// The farthest columns and rows that light reaches within the picture.
@@ -23,11 +24,14 @@ class GlowFalloff {
     /// The last column with light dy rows away; with dy = 0 column 0 counts too.
     [[nodiscard]] int rowReach(int dy) const { return rowReaches_[std::size_t(dy)]; }
 
+    /// Whether all distances up to the radius have the same weight.
+    [[nodiscard]] bool isEven() const { return isEven_; }
     [[nodiscard]] double weight(std::uint32_t distance) const { return weights_[distance]; }
     /// The same in single precision.
     [[nodiscard]] float roughWeight(std::uint32_t distance) const { return roughWeights_[distance]; }
 
  private:
+    bool isEven_;
     int reachX_, reachY_;
     std::vector<double> weights_;
     std::vector<float> roughWeights_;
