@@ -71,6 +71,19 @@ TEST(BlurZoom, EveryCentreOfASmallPicture) {
     }
 }
 
+// Where rays hardly differ, they are taken piece by piece.
+TEST(BlurZoom, VeryLongPictures) {
+    const IntSize sizes[] = {{80, 2}, {81, 2}, {2, 83}, {121, 3}, {3, 122}, {5, 201}, {283, 7}, {7, 301}};
+    for (const auto& [width, height] : sizes) {
+        const Picture source = noisyPicture(width, height);
+        for (int strength : {0, 3, 50, 100000, -7, INT_MAX}) {
+            check(source, width / 2, height / 2, strength);
+            check(source, width / 5, 0, strength);
+            check(source, width, height / 3, strength);
+        }
+    }
+}
+
 TEST(BlurZoom, HugeArguments) {
     const Picture source = noisyPicture(31, 22);
     for (int strength : {INT_MAX, INT_MIN, 5000, 1 << 24}) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "filters/kernels/digital_ray.h"
+#include "filters/kernels/long_ray_means.h"
 #include "filters/kernels/pixel_sums-inl.h"
 #include "filters/kernels/scratch.h"
 
@@ -147,6 +148,10 @@ namespace orvane {
 HWY_EXPORT(rayMeans);
 
 void rayMeans(PixelView source, MutablePixelView target, IntPoint centre, int strength) {
+    // Rays overlap as often as the picture is longer than wide.
+    constexpr int kLongShape = 40;
+    const int longer = std::max(source.width, source.height), shorter = std::min(source.width, source.height);
+    if (longer / kLongShape >= shorter) return longRayMeans(source, target, centre, strength);
     HWY_DYNAMIC_DISPATCH(rayMeans)(source, target, centre, strength);
 }
 

@@ -14,7 +14,7 @@ namespace orvane {
 ///
 /// source, target: equal sizes of at least 2 x 2, memory not shared. centre: inside. strength: any. Every
 /// pixel is on some ray, so every target pixel is written, opaque. Cost per pixel grows neither with the
-/// strength nor, in pictures of usual shapes, with the size. Memory: a quarter of a picture. Throws
+/// strength nor with the size. Memory: a quarter of a picture, four pictures for very long ones. Throws
 /// std::bad_alloc.
 void rayMeans(PixelView source, MutablePixelView target, IntPoint centre, int strength);
 
