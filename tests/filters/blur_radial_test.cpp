@@ -68,6 +68,19 @@ TEST(BlurRadial, HugeArgumentsAndLongPictures) {
     check(noisyPicture(3, 900), 1, 400, 2000);
 }
 
+// Where rings leave the picture on all but two short pieces, most of their sums come from its long sides.
+TEST(BlurRadial, VeryLongPictures) {
+    const IntSize sizes[] = {{32, 2}, {2, 33}, {150, 2}, {3, 181}, {131, 5}, {7, 260}, {401, 9}};
+    for (const auto& [width, height] : sizes) {
+        const Picture source = noisyPicture(width, height);
+        for (int angle : {0, 3, 40, 90, 150, 300, 361, 5000, -90, INT_MAX}) {
+            check(source, width / 2, height / 2, angle);
+            check(source, width / 5, 0, angle);
+            check(source, width, height / 3, angle);
+        }
+    }
+}
+
 TEST(BlurRadial, LargePicture) {
 #ifdef NDEBUG
     check(noisyPicture(901, 730), 400, 300, 20);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "filters/kernels/digital_ring.h"
+#include "filters/kernels/long_ring_means.h"
 #include "filters/kernels/pixel_sums-inl.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -22,10 +23,8 @@ class RingMeans {
     RingMeans(PixelView source, MutablePixelView target, IntPoint centre, double halfAngle)
         : source_(source), target_(target), centre_(centre), halfAngle_(halfAngle) {}
 
-    void run() {
-        const double across = std::max(centre_.x + 1, source_.width - centre_.x);
-        const double down = std::max(centre_.y + 1, source_.height - centre_.y);
-        const int lastRadius = int(std::sqrt(across * across + down * down));
+    /// All rings up to this radius.
+    void run(int lastRadius) {
         for (int radius = 2; radius <= lastRadius; ++radius) {
             placeRing(radius);
             smear(radius);
@@ -188,8 +187,8 @@ class RingMeans {
 
 }  // namespace
 
-void ringMeans(PixelView source, MutablePixelView target, IntPoint centre, double halfAngle) {
-    RingMeans(source, target, centre, halfAngle).run();
+void ringMeans(PixelView source, MutablePixelView target, IntPoint centre, double halfAngle, int lastRadius) {
+    RingMeans(source, target, centre, halfAngle).run(lastRadius);
 }
 
 }  // namespace HWY_NAMESPACE
@@ -202,7 +201,14 @@ namespace orvane {
 HWY_EXPORT(ringMeans);
 
 void ringMeans(PixelView source, MutablePixelView target, IntPoint centre, double halfAngle) {
-    HWY_DYNAMIC_DISPATCH(ringMeans)(source, target, centre, halfAngle);
+    const double across = std::max(centre.x + 1, source.width - centre.x);
+    const double down = std::max(centre.y + 1, source.height - centre.y);
+    const int lastRadius = int(std::sqrt(across * across + down * down));
+    const int lastShort = isLongForRings(source) ? firstLongRing(source) - 1 : lastRadius;
+    HWY_DYNAMIC_DISPATCH(ringMeans)(source, target, centre, halfAngle, std::min(lastRadius, lastShort));
+    if (lastRadius > lastShort) {
+        longRingMeans(source, target, centre, halfAngle, lastShort + 1, lastRadius);
+    }
 }
 
 }  // namespace orvane
