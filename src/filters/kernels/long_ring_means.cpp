@@ -149,25 +149,32 @@ struct Side {
     [[nodiscard]] ChannelSums at(std::size_t i) const { return {blue[i], green[i], red[i]}; }
 };
 
-/// The sum of bytes, each as often as its count is above the next one.
-HWY_NOINLINE std::int64_t sumOfReached(const std::uint8_t* bytes, const std::int32_t* counts,
-                                       std::size_t count) {
+/// The sum of `count` pixels from this one on, each as often as its count is above the next one.
+HWY_NOINLINE ChannelSums sumOfReached(const Side& side, std::size_t first, const std::int32_t* counts,
+                                      std::size_t count) {
     const hn::ScalableTag<std::int32_t> d;
-    const hn::Rebind<std::uint8_t, decltype(d)> bytesTag;
+    const hn::Rebind<std::uint8_t, decltype(d)> bytes;
     const std::size_t lanes = hn::Lanes(d);
-    constexpr std::size_t kPiece = 1 << 14;
-    std::int64_t total = 0;
+    const std::uint8_t *const blue = &side.blue[first], *const green = &side.green[first],
+                              *const red = &side.red[first];
+    constexpr std::size_t kPiece = 1 << 14;  // whose sums fit 32 bits
+    ChannelSums total;
     for (std::size_t i = 0; i < count;) {
         const std::size_t end = std::min(count, i + kPiece);
-        auto sum = hn::Zero(d);
+        auto blueSum = hn::Zero(d), greenSum = hn::Zero(d), redSum = hn::Zero(d);
         for (; i + lanes <= end; i += lanes) {
             const auto times = hn::Sub(hn::LoadU(d, counts + i), hn::LoadU(d, counts + i + 1));
-            sum = hn::Add(sum, hn::Mul(times, hn::PromoteTo(d, hn::LoadU(bytesTag, bytes + i))));
+            const auto timesLevel = [&](const std::uint8_t* levels) HWY_ATTR {
+                return hn::Mul(times, hn::PromoteTo(d, hn::LoadU(bytes, levels + i)));
+            };
+            blueSum = hn::Add(blueSum, timesLevel(blue));
+            greenSum = hn::Add(greenSum, timesLevel(green));
+            redSum = hn::Add(redSum, timesLevel(red));
         }
-        HWY_ALIGN std::int32_t sums[hn::MaxLanes(d)];
-        hn::Store(sum, d, sums);
-        for (std::size_t lane = 0; lane < lanes; ++lane) total += sums[lane];
-        for (; i < end; ++i) total += std::int64_t{counts[i] - counts[i + 1]} * bytes[i];
+        const auto sumOf = [&](auto sums)
+                               HWY_ATTR { return std::int64_t{hn::GetLane(hn::SumOfLanes(d, sums))}; };
+        total.add(ChannelSums{sumOf(blueSum), sumOf(greenSum), sumOf(redSum)});
+        for (; i < end; ++i) total.add(side.at(first + i), counts[i] - counts[i + 1]);
     }
     return total;
 }
@@ -352,9 +359,7 @@ class LongRingMeans {
         if (nearest + 1 > top) return sum;
         const std::int32_t* const counts = reaching_.from(std::size_t(nearest) + 1);
         const std::size_t distances = std::size_t(top - nearest);
-        sum.add({sumOfReached(&side.blue[at + 1], counts, distances),
-                 sumOfReached(&side.green[at + 1], counts, distances),
-                 sumOfReached(&side.red[at + 1], counts, distances)});
+        sum.add(sumOfReached(side, at + 1, counts, distances));
         return sum;
     }
 
