@@ -11,6 +11,7 @@
 #include "filters/aquarelle.h"
 #include "filters/artistic_reference.h"
 #include "filters/diffuse.h"
+#include "filters/focal_bw.h"
 #include "filters/glow.h"
 #include "filters/glowing_edge.h"
 #include "filters/mosaic.h"
@@ -81,6 +82,20 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
                 }
             });
     }
+    // A quarter of the picture on the rim, then all of it.
+    for (const auto& [radius, rim] : {std::pair(600, 600), std::pair(1, 3000)}) {
+        add(
+            "FocalBW " + std::to_string(radius) + " " + std::to_string(rim) + " : 2 cvtColor + addWeighted",
+            [=, &source](ImageDocument& d) { focalBW(d, radius, rim, source.cols / 2, source.rows / 2); },
+            [=, &source](const Picture& p) {
+                return reference::focalBW(p, radius, rim, source.cols / 2, source.rows / 2);
+            },
+            [&source, &target, planes = std::make_shared<cv::Mat[]>(2)] {
+                cv::cvtColor(source, planes[0], cv::COLOR_BGRA2GRAY);
+                cv::cvtColor(planes[0], planes[1], cv::COLOR_GRAY2BGRA);
+                cv::addWeighted(source, 0.4, planes[1], 0.6, 0, target);
+            });
+    }
     add(
         "Diffuse 5 : randu + remap",
         [](ImageDocument& d) {
@@ -113,7 +128,7 @@ std::vector<Comparison> comparisons(const cv::Mat& source, cv::Mat& target) {
     };
     for (const auto& [level, radius] :
          {std::pair(1, 3), std::pair(1, 10), std::pair(1, 20), std::pair(190, 10), std::pair(205, 10),
-          std::pair(256, 10), std::pair(205, 50)}) {
+          std::pair(256, 10), std::pair(205, 50), std::pair(1, 100), std::pair(100, 1000)}) {
         add(
             "Glow " + std::to_string(level) + " " + std::to_string(radius) + " 5 : filter2D + add",
             [=](ImageDocument& d) { glow(d, level, radius, 5); },

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <optional>
 #include <vector>
 
 #include "filters/kernels/brighten_pixels.h"
@@ -34,9 +33,10 @@ int commonLight(PixelView source, int level) {
 /// Sums of equal terms, which depend on their number alone. Such sums are whole numbers often.
 class EqualTerms {
  public:
+    /// term: 0 if the terms are not equal.
     EqualTerms(double term, std::size_t mostTerms) : term_(term) {
         double sum = 0.0;
-        for (std::size_t count = 1; count <= mostTerms && sum < 255.0; ++count) {
+        for (std::size_t count = 1; term != 0.0 && count <= mostTerms && sum < 255.0; ++count) {
             sum += term;
             while (counts_.size() < std::size_t(wholeLevels(sum))) counts_.push_back(double(count));
         }
@@ -56,7 +56,10 @@ class EqualTerms {
 /// The lights of a picture column by column, which is the order in which they are added up.
 class LightColumns {
  public:
-    LightColumns(PixelView source, int level) : height_(source.height), lights_(source.pixelCount()) {
+    [[nodiscard]] bool isEmpty() const { return lights_.empty(); }
+    void take(PixelView source, int level) {
+        height_ = source.height;
+        lights_.resize(source.pixelCount());
         constexpr int kRowsAtOnce = 32;  // a cache line of each column
         for (int top = 0; top < source.height; top += kRowsAtOnce) {
             const int bottom = std::min(source.height, top + kRowsAtOnce);
@@ -73,24 +76,19 @@ class LightColumns {
     }
 
  private:
-    int height_;
+    int height_ = 0;
     std::vector<std::uint16_t> lights_;
 };
 
 class FarGlow {
  public:
     FarGlow(PixelView source, int level, const GlowFalloff& falloff, std::size_t lights)
-        : source_(source), level_(level), falloff_(falloff), sums_(estimateLight(source, level, falloff)) {
-        // In the order of the definition, each product is rounded once, and each sum but the first.
-        const double terms =
-            std::min(double(lights), (2.0 * falloff.reachX() + 1) * (2.0 * falloff.reachY() + 1));
-        rounding_ = (terms + 4) / double(1ull << 53);
-        const int light = falloff.isEven() ? commonLight(source, level) : 0;
-        if (light != 0) {
-            equalTerms_.emplace(light * falloff.weight(1), lights);
-            if (!equalTerms_->canCount(sums_.error)) equalTerms_.reset();
-        }
-    }
+        : source_(source),
+          level_(level),
+          falloff_(falloff),
+          sums_(estimateLight(source, level, falloff)),
+          rounding_(roundingOf(falloff, lights)),
+          equalTerms_(falloff.isEven() ? commonLight(source, level) * falloff.weight(1) : 0.0, lights) {}
 
     /// The light on row y, in whole levels.
     void levelsOfRow(int y, std::uint8_t* levels) {
@@ -99,19 +97,25 @@ class FarGlow {
             const double sum = sums[x], error = sums_.error + std::abs(sum) * rounding_;
             levels[x] = static_cast<std::uint8_t>(wholeLevels(sum - error));
             if (levels[x] == wholeLevels(sum + error)) continue;
-            levels[x] = equalTerms_ ? equalTerms_->levels(sum) : exactLevels(x, y);
+            levels[x] = equalTerms_.canCount(sums_.error) ? equalTerms_.levels(sum) : exactLevels(x, y);
         }
     }
 
  private:
+    /// In the order of the definition, each product is rounded once, and each sum but the first.
+    static double roundingOf(const GlowFalloff& falloff, std::size_t lights) {
+        const double reached = (2.0 * falloff.reachX() + 1) * (2.0 * falloff.reachY() + 1);
+        return (std::min(double(lights), reached) + 4) / double(1ull << 53);
+    }
+
     std::uint8_t exactLevels(int x, int y) {
-        if (!lights_) lights_.emplace(source_, level_);
+        if (lights_.isEmpty()) lights_.take(source_, level_);
         const int right = std::min(source_.width - 1, x + falloff_.reachX());
         const int top = std::max(0, y - falloff_.reachY());
         const int bottom = std::min(source_.height - 1, y + falloff_.reachY());
         double sum = 0.0;
         for (int column = std::max(0, x - falloff_.reachX()); column <= right && sum < 255.0; ++column) {
-            const std::uint16_t* const lights = lights_->column(column);
+            const std::uint16_t* const lights = lights_.column(column);
             const int dx = std::abs(column - x);
             for (int row = top; row <= bottom; ++row) {
                 if (lights[row] == 0) continue;
@@ -126,8 +130,8 @@ class FarGlow {
     const GlowFalloff& falloff_;
     LightSums sums_;
     double rounding_;  // of the sums that the definition makes, as a share of them
-    std::optional<EqualTerms> equalTerms_;
-    std::optional<LightColumns> lights_;
+    EqualTerms equalTerms_;
+    LightColumns lights_;  // taken at the first doubt
 };
 
 }  // namespace
