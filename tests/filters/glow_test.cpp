@@ -136,19 +136,28 @@ TEST(Glow, IsExactWhenLightReachesFar) {
     }
 }
 
+/// Lights of thirds of 765, up to so many each and so many together.
+Picture thirds(unsigned brightest, unsigned together) {
+    Picture picture{49, 40, std::vector<Argb>(49 * 40, 0xFF102030u)};
+    for (std::size_t i = 0; together > 0; i = (i + 611) % picture.pixels.size()) {
+        const unsigned light = std::min(together, 1 + unsigned(i) % brightest);
+        picture.pixels[i] = makeOpaque(85 * light, 85 * light, 85 * light);
+        together -= light;
+    }
+    return picture;
+}
+
 // With intensity 1 all weights are the same, and sums meet whole numbers as soon as the lights add up. Then
 // the order of the terms decides on which side of the number they end.
 TEST(Glow, IsExactOnWholeNumbers) {
     for (unsigned brightest : {1u, 2u, 3u}) {
-        Picture picture{49, 40, std::vector<Argb>(49 * 40, 0xFF102030u)};
-        // All lights together are 360 times 765, and from radius 62 on they reach every pixel.
-        int thirds = 3 * 360;
-        for (std::size_t i = 0; thirds > 0; i = (i + 611) % picture.pixels.size()) {
-            const unsigned light = std::min(unsigned(thirds), 1 + unsigned(i) % brightest);
-            picture.pixels[i] = makeOpaque(85 * light, 85 * light, 85 * light);
-            thirds -= int(light);
+        // All lights, or all but a pixel's own one, are 360 times 765; from radius 62 on all reach all
+        // pixels.
+        for (unsigned own : {0u, 1u, 2u}) {
+            const Picture picture = thirds(brightest, 3 * 360 + own);
+            for (int radius : {39, 59, 71, 89, 119, 179, 359})
+                checkOperation(glowing(85, radius, 1), picture);
         }
-        for (int radius : {39, 59, 71, 89, 119, 179, 359}) checkOperation(glowing(85, radius, 1), picture);
     }
 }
 

@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "filters/kernels/brighten_pixels.h"
+#include "filters/kernels/even_glow.h"
 #include "filters/kernels/glow_falloff.h"
+#include "filters/kernels/light_columns.h"
 #include "filters/kernels/light_source.h"
 #include "filters/kernels/light_sums.h"
 
@@ -29,56 +31,6 @@ int commonLight(PixelView source, int level) {
     }
     return common;
 }
-
-/// Sums of equal terms, which depend on their number alone. Such sums are whole numbers often.
-class EqualTerms {
- public:
-    /// term: 0 if the terms are not equal.
-    EqualTerms(double term, std::size_t mostTerms) : term_(term) {
-        double sum = 0.0;
-        for (std::size_t count = 1; term != 0.0 && count <= mostTerms && sum < 255.0; ++count) {
-            sum += term;
-            while (counts_.size() < std::size_t(wholeLevels(sum))) counts_.push_back(double(count));
-        }
-    }
-    /// Whether a sum that is off by the error still tells the number.
-    [[nodiscard]] bool canCount(double error) const { return error < 0.25 * term_; }
-    [[nodiscard]] std::uint8_t levels(double sum) const {
-        const double count = std::round(sum / term_);
-        return std::uint8_t(std::upper_bound(counts_.begin(), counts_.end(), count) - counts_.begin());
-    }
-
- private:
-    double term_;
-    std::vector<double> counts_;  // of terms that reach 1, 2, 3, ...
-};
-
-/// The lights of a picture column by column, which is the order in which they are added up.
-class LightColumns {
- public:
-    [[nodiscard]] bool isEmpty() const { return lights_.empty(); }
-    void take(PixelView source, int level) {
-        height_ = source.height;
-        lights_.resize(source.pixelCount());
-        constexpr int kRowsAtOnce = 32;  // a cache line of each column
-        for (int top = 0; top < source.height; top += kRowsAtOnce) {
-            const int bottom = std::min(source.height, top + kRowsAtOnce);
-            for (int x = 0; x < source.width; ++x) {
-                std::uint16_t* const column = &lights_[std::size_t(x) * std::size_t(height_)];
-                for (int y = top; y < bottom; ++y) {
-                    column[y] = static_cast<std::uint16_t>(lightOf(source.at(x, y), level));
-                }
-            }
-        }
-    }
-    [[nodiscard]] const std::uint16_t* column(int x) const {
-        return &lights_[std::size_t(x) * std::size_t(height_)];
-    }
-
- private:
-    int height_ = 0;
-    std::vector<std::uint16_t> lights_;
-};
 
 class FarGlow {
  public:
@@ -108,8 +60,17 @@ class FarGlow {
         return (std::min(double(lights), reached) + 4) / double(1ull << 53);
     }
 
+    /// Whether light from the whole picture arrives here.
+    [[nodiscard]] bool reachesAll(int x, int y) const {
+        const int dx = std::max(x, source_.width - 1 - x), dy = std::max(y, source_.height - 1 - y);
+        return dy <= falloff_.reachY() && dx <= falloff_.rowReach(dy);
+    }
+
     std::uint8_t exactLevels(int x, int y) {
         if (lights_.isEmpty()) lights_.take(source_, level_);
+        if (falloff_.isEven() && reachesAll(x, y)) {
+            return evenLight_.levelsAt(lights_, falloff_.weight(1), x, y);
+        }
         const int right = std::min(source_.width - 1, x + falloff_.reachX());
         const int top = std::max(0, y - falloff_.reachY());
         const int bottom = std::min(source_.height - 1, y + falloff_.reachY());
@@ -132,6 +93,7 @@ class FarGlow {
     double rounding_;  // of the sums that the definition makes, as a share of them
     EqualTerms equalTerms_;
     LightColumns lights_;  // taken at the first doubt
+    EvenLight evenLight_;
 };
 
 }  // namespace

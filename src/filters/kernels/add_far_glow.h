@@ -12,9 +12,9 @@ class GlowFalloff;
 /// those that lie too near to a whole number are added up one by one, in the order of the definition.
 ///
 /// level: which pixels shine; lights: how many do, at least 1. Cost: as good as that of the estimate, since
-/// the estimate leaves about one sum in ten million in doubt. Sums that meet whole numbers by design cost a
-/// step per pixel within reach each; they do so when all weights are the same, which is why pictures whose
-/// sources are all equally bright have a way of their own then. May throw std::bad_alloc.
+/// the estimate leaves about one sum in ten million in doubt. Sums meet whole numbers more often when all
+/// weights are the same, and then have ways of their own where that could be so for all pixels: all sources
+/// equally bright, or all within reach. May throw std::bad_alloc.
 void addFarGlow(PixelView source, MutablePixelView target, int level, const GlowFalloff& falloff,
                 std::size_t lights);
 
