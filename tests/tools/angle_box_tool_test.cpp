@@ -10,6 +10,7 @@
 namespace orvane {
 namespace {
 
+using test::at;
 using test::TestTool;
 
 /// Half axes 30 and 20 around (50, 40).
@@ -21,8 +22,6 @@ struct Placed : TestTool<Tool> {
         this->tool.sweepAngle = sweep;
     }
 };
-
-std::string at(IntPoint p) { return std::to_string(p.x) + ", " + std::to_string(p.y); }
 
 /// The direction from the centre, by another road than the tool's.
 double directionOf(IntPoint p) { return std::atan2(p.y - 40, p.x - 50) * 180 / std::acos(-1.0); }
@@ -75,6 +74,8 @@ TEST(AngleBoxTool, DraggingTheStartTurnsTheArcAndKeepsItsSweep) {
         pie.release(row.mouse);
         EXPECT_FALSE(pie.tool.draggingStart);
         EXPECT_EQ(pie.tool.box(), (IntRect{20, 20, 60, 40}));
+        pie.tool.Reset();
+        EXPECT_FLOAT_EQ(pie.tool.startAngle, row.angle) << "angles outlive the figure";
     }
 }
 
@@ -102,13 +103,6 @@ TEST(AngleBoxTool, AHandleLiesTowardTheMouseAllAround) {
         EXPECT_NEAR(std::remainder(arc.tool.startAngle - directionOf(mouse), 360), 0, 6) << degrees;
         EXPECT_NEAR(std::remainder(directionOf(*arc.tool.startHandle()) - arc.tool.startAngle, 360), 0, 6)
             << degrees;
-
-        arc.tool.startAngle = 30;
-        const double start = directionOf(*arc.tool.startHandle());
-        arc.press(*arc.tool.endHandle()).release(mouse);
-        EXPECT_NEAR(std::remainder(start + arc.tool.sweepAngle - directionOf(mouse), 360), 0, 6) << degrees;
-        EXPECT_GT(arc.tool.sweepAngle, 0);
-        EXPECT_LE(arc.tool.sweepAngle, 360);
     }
 }
 
@@ -155,17 +149,6 @@ TEST(AngleBoxTool, AngleHandlesComeBeforeThoseOfTheBox) {
     EXPECT_EQ(small.tool.HitCursor({27, 25}), CursorId::Handle);
 }
 
-TEST(AngleBoxTool, ThePressStartsOrEditsTheBoxElsewhere) {
-    Placed<PieTool> pie;
-    pie.press({80, 60}).release({90, 70});
-    EXPECT_EQ(pie.tool.box(), (IntRect{20, 20, 70, 50}));
-    pie.tool.Reset();
-    EXPECT_EQ(pie.tool.startAngle, 30) << "angles outlive the figure";
-    EXPECT_EQ(pie.tool.sweepAngle, 145);
-    pie.press({30, 30});
-    EXPECT_TRUE(pie.tool.awaitsSecondPoint());
-}
-
 void drawDiamond(MutablePixelView view, IntPoint centre, int radius, Argb colour) {
     const auto [x, y] = centre;
     const IntPoint corners[] = {{x, y - radius}, {x + radius, y}, {x, y + radius}, {x - radius, y}};
@@ -186,40 +169,6 @@ TEST(AngleBoxTool, APieLiesUnderItsFrameAndDiamonds) {
         drawDiamond(view, {80, 40}, 4, kYellow);
         drawDiamond(view, {50, 60}, 4, kWhite);
     }));
-}
-
-TEST(AngleBoxTool, CommitWritesWhatWasSeen) {
-    const auto insideFrame = [](const std::vector<Argb>& pixels, int width) {
-        std::vector<Argb> inside;
-        for (int y = 21; y < 60; ++y)
-            inside.insert(inside.end(), &pixels[std::size_t(y * width + 21)],
-                          &pixels[std::size_t(y * width + 80)]);
-        return inside;
-    };
-    Placed<PieTool> pie;
-    pie.pen.width = 3;
-    pie.tool.showHandles = false;
-    std::vector<Argb> seen = pie.overlay();
-    pie.commit();
-    EXPECT_EQ(insideFrame(pie.image(), 120), insideFrame(seen, 120));
-
-    Placed<ArcTool> arc;
-    arc.brush.style = BrushSettings::Gradient;
-    arc.tool.showHandles = false;
-    seen = arc.overlay();
-    arc.pen.dashStyle = 9;
-    arc.commit();
-    EXPECT_EQ(arc.steps(), 0) << "an arc needs a pen";
-    EXPECT_TRUE(arc.tool.placed);
-    arc.pen.dashStyle = 0;
-    arc.commit();
-    EXPECT_EQ(insideFrame(arc.image(), 120), insideFrame(seen, 120));
-    EXPECT_EQ(arc.brush.gradientRectangle, (IntRect{0, 0, 10, 10})) << "and leaves the brush alone";
-
-    Placed<PieTool> penless;
-    penless.pen.dashStyle = 9;
-    penless.commit();
-    EXPECT_EQ(penless.steps(), 1);
 }
 
 }  // namespace

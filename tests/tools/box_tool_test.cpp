@@ -8,6 +8,7 @@
 namespace orvane {
 namespace {
 
+using test::at;
 using test::TestTool;
 
 /// A placed rectangle from (20, 20) to (80, 60): handles at 20, 50, 80 across and 20, 40, 60 down.
@@ -16,8 +17,6 @@ struct PlacedRectangle : TestTool<RectangleTool> {
 };
 
 const IntPoint kHandles[] = {{20, 20}, {50, 20}, {80, 20}, {80, 40}, {80, 60}, {50, 60}, {20, 60}, {20, 40}};
-
-std::string at(IntPoint p) { return std::to_string(p.x) + ", " + std::to_string(p.y); }
 
 TEST(BoxTool, OneDragLaysTheBoxOut) {
     TestTool<RectangleTool> box;
@@ -32,31 +31,9 @@ TEST(BoxTool, OneDragLaysTheBoxOut) {
     box.release({20, 20});
     EXPECT_EQ(box.tool.corner1, (IntPoint{20, 20}));
     EXPECT_EQ(box.tool.corner2, (IntPoint{80, 60}));
-    EXPECT_TRUE(box.tool.placed);
     box.press({5, 5});
     EXPECT_FALSE(box.tool.awaitsSecondPoint());
     EXPECT_FALSE(box.tool.OnMouseMove({7, 7})) << "a press beside the box is ignored";
-}
-
-TEST(BoxTool, AReleaseOutsideTheBoundsKeepsTheLastCorner) {
-    TestTool<RectangleTool> box;
-    box.press({20, 20}).move({80, 60}).release({150, 60});
-    EXPECT_TRUE(box.tool.placed);
-    EXPECT_EQ(box.tool.box(), (IntRect{20, 20, 60, 40}));
-}
-
-TEST(BoxTool, EveryHandleMovesItsSides) {
-    const IntRect expected[] = {{25, 27, 55, 33}, {20, 27, 60, 33}, {20, 27, 65, 33}, {20, 20, 65, 40},
-                                {20, 20, 65, 47}, {20, 20, 60, 47}, {25, 20, 55, 47}, {25, 20, 55, 40}};
-    for (int handle = 0; handle < 8; ++handle) {
-        PlacedRectangle box;
-        const IntPoint from = kHandles[handle];
-        box.press(from);
-        EXPECT_EQ(box.tool.activeHandle, handle);
-        EXPECT_TRUE(box.tool.OnMouseMove({from.x + 2, from.y + 2}));
-        box.release({from.x + 5, from.y + 7});
-        EXPECT_EQ(box.tool.box(), expected[handle]) << handle;
-    }
 }
 
 TEST(BoxTool, TheGrabbedHandleStaysUnderTheMouseWhenTheBoxTurnsOver) {
@@ -104,6 +81,11 @@ TEST(BoxTool, AHandleDraggedOutOfTheBoundsIsRefusedForThatEvent) {
     EXPECT_TRUE(box.tool.OnMouseMove({119, 70}));
     box.release({119, 100});
     EXPECT_EQ(box.tool.box(), (IntRect{20, 20, 99, 50}));
+
+    TestTool<RectangleTool> fresh;
+    fresh.press({20, 20}).move({80, 60}).release({150, 60});
+    EXPECT_TRUE(fresh.tool.placed);
+    EXPECT_EQ(fresh.tool.box(), (IntRect{20, 20, 60, 40}));
 }
 
 TEST(BoxTool, PressesAndCursorsKnowTheirSquares) {
@@ -113,29 +95,27 @@ TEST(BoxTool, PressesAndCursorsKnowTheirSquares) {
         IntPoint mouse;
         int grabbed;
         CursorId cursor;
-    } rows[] = {
-        {{16, 16}, 0, CursorId::Arrow},
-        {{16, 17}, 0, CursorId::SizeNorthwestSoutheast},
-        {{15, 17}, -1, CursorId::Arrow},
-        {{22, 23}, 0, CursorId::SizeNorthwestSoutheast},
-        {{23, 23}, 0, CursorId::Move},
-        {{24, 24}, -1, CursorId::Move},
-        {{47, 17}, 1, CursorId::SizeNorthSouth},
-        {{46, 17}, 1, CursorId::Arrow},
-        {{53, 23}, 1, CursorId::SizeNorthSouth},
-        {{54, 23}, -1, CursorId::Move},
-        {{83, 17}, 2, CursorId::SizeNortheastSouthwest},
-        {{84, 17}, -1, CursorId::Arrow},
-        {{80, 40}, 3, CursorId::SizeWestEast},
-        {{80, 60}, 4, CursorId::SizeNorthwestSoutheast},
-        {{50, 60}, 5, CursorId::SizeNorthSouth},
-        {{16, 63}, 6, CursorId::SizeNortheastSouthwest},
-        {{16, 43}, 7, CursorId::SizeWestEast},
-        {{79, 50}, -1, CursorId::Move},
-        {{80, 50}, -1, CursorId::Arrow},
-        {{30, 59}, -1, CursorId::Move},
-        {{30, 60}, -1, CursorId::Arrow},
-    };
+    } rows[] = {{{16, 16}, 0, CursorId::Arrow},
+                {{16, 17}, 0, CursorId::SizeNorthwestSoutheast},
+                {{15, 17}, -1, CursorId::Arrow},
+                {{22, 23}, 0, CursorId::SizeNorthwestSoutheast},
+                {{23, 23}, 0, CursorId::Move},
+                {{24, 24}, -1, CursorId::Move},
+                {{47, 17}, 1, CursorId::SizeNorthSouth},
+                {{46, 17}, 1, CursorId::Arrow},
+                {{53, 23}, 1, CursorId::SizeNorthSouth},
+                {{54, 23}, -1, CursorId::Move},
+                {{83, 17}, 2, CursorId::SizeNortheastSouthwest},
+                {{84, 17}, -1, CursorId::Arrow},
+                {{80, 40}, 3, CursorId::SizeWestEast},
+                {{80, 60}, 4, CursorId::SizeNorthwestSoutheast},
+                {{50, 60}, 5, CursorId::SizeNorthSouth},
+                {{16, 63}, 6, CursorId::SizeNortheastSouthwest},
+                {{16, 43}, 7, CursorId::SizeWestEast},
+                {{79, 50}, -1, CursorId::Move},
+                {{80, 50}, -1, CursorId::Arrow},
+                {{30, 59}, -1, CursorId::Move},
+                {{30, 60}, -1, CursorId::Arrow}};
     for (const auto& row : rows) {
         PlacedRectangle box;
         EXPECT_EQ(box.tool.HitCursor(row.mouse), row.cursor) << at(row.mouse);
@@ -179,35 +159,6 @@ TEST(BoxTool, AnEllipseLiesWithinItsOutlineInABlackFrame) {
     EXPECT_EQ(box.overlayAt({16, 40}), kBlack);
 }
 
-template <class Tool>
-void commitsWhatWasSeen(Argb fill) {
-    TestTool<Tool> box;
-    box.brush.colour1 = fill;
-    box.pen.colour = 0x800000FFu;
-    box.pen.width = 4;
-    box.tool.showHandles = false;
-    box.drag({30, 10}, {90, 70});
-    const std::vector<Argb> seen = box.overlay();
-    box.commit();
-    EXPECT_EQ(box.steps(), 1);
-    EXPECT_FALSE(box.tool.holdsBox());
-    const std::vector<Argb> image = box.image();
-    int inside = 0;
-    for (int y = 11; y < 70; ++y) {
-        for (int x = 31; x < 90; ++x) {
-            const auto i = std::size_t(y * box.client.width + x);
-            ASSERT_EQ(image[i], seen[i]) << at({x, y});
-            inside += image[i] == fill;
-        }
-    }
-    EXPECT_GT(inside, 1500);
-}
-
-TEST(BoxTool, CommitWritesWhatWasSeen) {
-    commitsWhatWasSeen<RectangleTool>(0xFF204060u);
-    commitsWhatWasSeen<EllipseTool>(0xFF204060u);
-}
-
 TEST(BoxTool, ARectangleIsCommittedToThePixel) {
     PlacedRectangle box;
     box.commit();
@@ -237,28 +188,10 @@ TEST(BoxTool, TheBoxIsMappedByItsFirstAndLastPixel) {
     }));
 }
 
-TEST(BoxTool, CommitOfABoxDrawsWhatThereIs) {
-    const struct {
-        const char* name;
-        int dashStyle, brushStyle;
-    } rows[] = {{"no pen", 5, 0}, {"no brush", 0, 4}, {"neither", 5, 4}};
-    for (const auto& row : rows) {
-        PlacedRectangle box;
-        box.pen.dashStyle = row.dashStyle;
-        box.brush.style = row.brushStyle;
-        box.tool.showHandles = false;
-        const std::vector<Argb> seen = box.overlay();
-        box.commit();
-        EXPECT_EQ(box.steps(), 1) << row.name;
-        EXPECT_EQ(box.image(), seen) << row.name;
-    }
-    TestTool<RectangleTool> nothing;
-    nothing.commit();
-    EXPECT_EQ(nothing.steps(), 0);
-}
-
 TEST(BoxTool, ABoxWithoutAreaShowsNothing) {
     TestTool<EllipseTool> box;
+    box.commit();
+    EXPECT_EQ(box.steps(), 0) << "nothing has been laid out";
     box.drag({20, 20}, {80, 20});
     EXPECT_EQ(box.overlay(), box.painted([](MutablePixelView) {}));
 }

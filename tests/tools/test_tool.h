@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
+#include <string>
 #include <vector>
 
 #include "document/image_document.h"
@@ -13,6 +13,8 @@
 namespace orvane::test {
 
 inline constexpr Argb kWhitePaper = 0xFFFFFFFFu;
+inline std::string at(IntPoint point) { return std::to_string(point.x) + ", " + std::to_string(point.y); }
+
 inline constexpr auto sameSpot = [](IntPoint point) { return point; };
 
 /// A tool with settings of its own in a client area, and a white picture of that size to commit into.
