@@ -46,10 +46,7 @@ void TextBoxTool::reproject(PointMap toNewZoom) noexcept {
 }
 
 void TextBoxTool::drawFrame(MutablePixelView view) const noexcept {
-    Pen stripes;
-    stripes.brush = kFrameStripes;
-    stripes.width = kFrameWidth;
-    drawRectangle(view, stripes, box);
+    drawRectangle(view, Pen(kFrameStripes, kFrameWidth), box);
 }
 
 }  // namespace orvane

@@ -25,6 +25,7 @@ struct Pen {
 
     Pen() = default;
     explicit Pen(Argb colour, float penWidth = 1.0f) : brush(SolidBrush{colour}), width(penWidth) {}
+    Pen(const Brush& penBrush, float penWidth) : brush(penBrush), width(penWidth) {}
 };
 
 }  // namespace orvane
