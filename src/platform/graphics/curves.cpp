@@ -8,8 +8,7 @@ namespace orvane {
 namespace {
 
 constexpr double kTolerance = 0.005;  // pixels between a curve and its chords
-constexpr int kStepsAtOnce = 64;  // a longer piece is halved first, so that its invisible half costs little
-constexpr int kInvisibleSteps = 16;  // enough for the length, which places the dashes that follow
+constexpr double kMostSteps = 64;     // a curve that needs more is halved first, if it is visible
 constexpr int kDeepest = 40;
 constexpr double kQuarterTurn = 1.57079632679489661923;
 
@@ -91,12 +90,12 @@ template <class Curve>
 void follow(Path& path, const Curve& curve, const PlaneBox& visible, int depth = 0) {
     const bool isVisible = curve.touches(visible);
     double steps = curve.stepsNeeded();
-    if (isVisible && steps > kStepsAtOnce && depth < kDeepest) {
+    if (isVisible && steps > kMostSteps && depth < kDeepest) {
         follow(path, curve.firstHalf(), visible, depth + 1);
         follow(path, curve.secondHalf(), visible, depth + 1);
         return;
     }
-    steps = std::min(steps, double(isVisible ? kStepsAtOnce : kInvisibleSteps));
+    steps = std::min(steps, kMostSteps);
     for (double i = 1; i <= steps; ++i) {
         const CurvePoint p = curve.at(i / steps);
         path.curveTo(p.position, p.direction);

@@ -5,8 +5,8 @@
 
 /// Curves as chains of chords that keep within a two-hundredth of a pixel of them.
 ///
-/// Only what can be seen is followed so closely: outside the visible box a curve is walked in few long steps,
-/// so that a curve of any size costs no more than its visible part. All functions throw std::bad_alloc.
+/// Only what can be seen is followed so closely: outside the visible box a long curve is walked in few steps,
+/// so that one of any size costs no more than its visible part. All functions throw std::bad_alloc.
 namespace orvane {
 
 /// A cubic Bezier segment from the end of the path, which is controls[0].

@@ -12,7 +12,7 @@ namespace {
 constexpr double kMitreLimit = 10;
 constexpr double kTolerance = 0.005;  // pixels between a rounded wedge and its chords
 constexpr double kMostWedgeSteps = 1000;
-constexpr double kWidestPen = 1e9;
+constexpr double kWidestPen = 65536;
 constexpr double kNoLength = 1e-9;
 
 /// A straight piece of the path. At its ends the pen stands across the directions given there: those of the
