@@ -84,9 +84,11 @@ Line Stroker::lineBetween(const PathPoint& from, const PathPoint& to) const {
     const PlanePoint direction = way * (1 / distance);
     const PlanePoint start = from.leaving == PlanePoint{} ? direction : from.leaving;
     const PlanePoint end = to.arriving == PlanePoint{} ? direction : to.arriving;
-    // An arc is longer than its chord by the square of its angle / 24.
-    const double turn = cross(start, end), along = distance * (1 + turn * turn / 24);
-    const double lost = halfWidth_ * (std::abs(cross(start, direction)) + std::abs(cross(end, direction)));
+    // A curve that leaves its chord at a small angle a and comes back to it at b is longer by (2a^2 - ab +
+    // 2b^2) / 30.
+    const double a = cross(direction, start), b = cross(direction, end);
+    const double along = distance * (1 + (2 * a * a - a * b + 2 * b * b) / 30);
+    const double lost = halfWidth_ * (std::abs(a) + std::abs(b));
     if (lost >= distance || dot(start, direction) < 0.5 || dot(end, direction) < 0.5) {
         return {from.position, to.position, direction, along, direction, direction, 0};
     }
