@@ -16,7 +16,8 @@ struct DashPattern {
     int count = 0;
 };
 
-/// What outlines are drawn with: flat caps, mitre joins up to a limit of 10. A width below 1 draws as 1.
+/// What outlines are drawn with: flat caps, mitre joins up to a limit of 10. Widths draw as 1 at least, as
+/// 65536 at most.
 struct Pen {
     Brush brush;
     float width = 1.0f;  ///< pixels

@@ -11,14 +11,21 @@
 /// Antialiased shapes in whole pixels, drawn over a raster by straight-alpha source-over.
 ///
 /// Pens run through pixel centres: a line of width 1 at whole coordinates is crisp, and the outline of a
-/// rectangle covers the columns x to x + width and the rows y to y + height, both included. Fills cover whole
-/// pixels: x <= px < x + width. Each call is one act of painting: where an outline crosses itself, a
-/// half-transparent pen shows no darker spot. Angles are degrees, clockwise on screen from the positive x
-/// axis. Curves are cardinal splines of tension 0.5. Polygons and closed curves fill alternately (even-odd).
+/// rectangle covers the columns x to x + width and the rows y to y + height, both included. Lines are cut off
+/// flat at their ends, so that the first and the last pixel of an open one are half covered. Fills cover
+/// whole pixels: x <= px < x + width. A pixel's coverage is the area that the shape takes of it. Each call is
+/// one act of painting: where an outline crosses itself, a half-transparent pen shows no darker spot.
 ///
-/// Coordinates may be anything: what lies outside the raster is cut off and costs next to nothing. Without
-/// points enough, or with an empty rectangle, nothing is drawn; nor when memory runs out. A line whose ends
-/// coincide draws nothing. Cost follows the area and outline inside the raster.
+/// Curves are cardinal splines of tension 0.5. Polygons and closed curves fill alternately (even-odd). Angles
+/// are degrees, clockwise on screen, between the positive x axis and the ray from the centre; a negative
+/// sweep goes the other way, and 360 or more is once round. Dashes begin with the first point, those of a
+/// rectangle at its top-left corner and those of an ellipse at its rightmost point.
+///
+/// Coordinates may be anything: what lies outside the raster is cut off and costs next to nothing. Nothing is
+/// drawn without points enough (two, three for areas and closed curves, four for Bezier chains), with an
+/// empty rectangle, an angle that is no number, no sweep, points that all coincide, or when memory runs out.
+/// Cost follows the area and the outline inside the raster; where several thousand edges cross in one row of
+/// pixels, that row's coverage is taken at sixteen heights only.
 namespace orvane {
 
 void drawLine(MutablePixelView target, const Pen& pen, IntPoint from, IntPoint to) noexcept;

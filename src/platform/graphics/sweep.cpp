@@ -6,11 +6,11 @@
 namespace orvane {
 namespace {
 
-constexpr double kSameX = 1e-6;            // edges this near each other have not parted yet
-constexpr double kOverlap = 1.0 / 1024;    // a crossing that does not reach further changes no coverage
-constexpr std::size_t kRowEffort = 16384;  // places looked at in a row before it is sampled
+constexpr double kSameX = 1e-6;           // edges this near each other have not parted yet
+constexpr double kOverlap = 1.0 / 1024;   // a crossing that does not reach further changes no coverage
+constexpr std::size_t kRowEffort = 4096;  // places looked at in a row before it is sampled
 constexpr double kSamplesPerRow = 16;
-constexpr std::size_t kFewNewcomers = 16, kLikelyPredecessors = 16;
+constexpr std::size_t kFewNewcomers = 64, kLikelyPredecessors = 16;
 
 bool precedes(const SweepEdge* a, const SweepEdge* b) {
     return std::abs(a->x - b->x) > kSameX ? a->x < b->x : a->slope < b->slope;
@@ -71,23 +71,25 @@ std::size_t Sweep::admit(double y) noexcept {
     return order_.size() - before;
 }
 
-// The edges were in order a little higher up, so that inserting is quick.
+// All but the newcomers were in order a little higher up.
 void Sweep::reorder(double y, std::size_t newcomers) noexcept {
     for (SweepEdge* edge : order_) edge->x = edge->xAt(y);
     if (newcomers > kFewNewcomers) {
         std::sort(order_.begin(), order_.end(),
                   [](const SweepEdge* a, const SweepEdge* b) { return a->x < b->x; });
+        newcomers = 0;
     }
-    for (std::size_t i = 0; i < order_.size(); ++i) {
-        SweepEdge* const moved = order_[i];
-        std::size_t place = i;
-        for (; place > 0 && precedes(moved, order_[place - 1]); --place) {
-            order_[place] = order_[place - 1];
-            order_[place]->place = std::uint32_t(place);
-        }
-        order_[place] = moved;
-        moved->place = std::uint32_t(place);
+    const auto known = order_.end() - std::ptrdiff_t(newcomers);
+    for (auto it = order_.begin(); it != known; ++it) {
+        SweepEdge* const moved = *it;
+        auto place = it;
+        for (; place != order_.begin() && precedes(moved, place[-1]); --place) *place = place[-1];
+        *place = moved;
     }
+    for (auto it = known; it != order_.end(); ++it) {
+        std::rotate(std::upper_bound(order_.begin(), it, *it, precedes), it, it + 1);
+    }
+    for (std::size_t i = 0; i < order_.size(); ++i) order_[i]->place = std::uint32_t(i);
 }
 
 double Sweep::nextEvent() const noexcept {
