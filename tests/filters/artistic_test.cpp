@@ -266,6 +266,17 @@ TEST(Artistic, AnyNumberOfPassesEnds) {
     EXPECT_EQ(test::pictureOf(endless), test::pictureOf(thousand));
 }
 
+// Weights of the rim add up to anything from 10 to 65544, powers of two and their neighbours among it.
+TEST(Artistic, SoftFocusDividesExactlyByAllWeights) {
+    const Picture source = picture(301, 3, 4u);
+    for (int rim : {2, 30, 140, 255, 256, 300, 2000, 4090, 16380, 16384, 32640, 32767, 32768}) {
+        const Operation operation{named("softFocus rim", rim),
+                                  [=](ImageDocument& d) { softFocus(d, 1, 1, rim, 0, 1); },
+                                  [=](const Picture& p) { return reference::softFocus(p, 1, 1, rim, 0, 1); }};
+        checkOperation(operation, source);
+    }
+}
+
 TEST(Artistic, DiffuseLeavesTheStreamWhereTheLastDrawDoes) {
     const Picture source = picture(31, 17, 2u);
     onEveryTarget([&] {

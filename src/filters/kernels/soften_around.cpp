@@ -36,13 +36,12 @@ class Softening {
           circle_(circle),
           writer_(target),
           inputs_(std::size_t(passes * kWindowRows), LaneRow<std::uint8_t>(std::size_t(target.width), 1, 1)),
-          rims_(std::size_t(passes), RimRow{{}, LaneRow<std::uint16_t>(rimWidth(), 0, 0)}),
-          sums_(rimWidth(), 0, 0),
+          rims_(std::size_t(passes),
+                RimRow{{}, LaneRow<std::int16_t>(rimWidth(), 0, 0), LaneRow<std::int16_t>(rimWidth(), 0, 0)}),
           rimPlaces_(rimWidth() + 16) {
         if (hasShortWeights()) {
             for (int d = 0; d < std::min(circle.rim, kMaxShortRim); ++d) {
-                const std::int32_t weight = centreWeight(circle.radius + std::int64_t{d}) - 1;
-                shortWeights_.push_back(static_cast<std::uint64_t>(weight) * 0x0001000100010001u);
+                divisions_.emplace_back(centreWeight(circle.radius + std::int64_t{d}) + 8);
             }
         }
     }
@@ -66,13 +65,30 @@ class Softening {
 
  private:
     static constexpr int kWindowRows = 3;
-    /// Weights less 1 up to this width fit 16 bits, and sums with them are floats.
+    /// Sums of weights up to this width can be divided by in 16 bits.
     static constexpr int kMaxShortRim = 32768;
 
-    /// One row of the circle; for the columns on the rim the centre's weight less 1, four times.
+    /// How to divide nine differences of levels, in halves, by twice the sum of the weights, which is from 10
+    /// to 65544. The factor has 15 bits, and so is off by a part in 2^14 at most; the halves are at most
+    /// 4591 and odd, so the quotient is nearer to the true one than that is to a whole number.
+    struct Division {
+        explicit Division(std::int32_t weights) {
+            const auto factorFor = [=](int shift) {
+                return (std::int64_t{65536} << shift) / (2 * std::int64_t{weights}) + 1;
+            };
+            int shift = 16;
+            while (factorFor(shift) > 32767) --shift;
+            factor = static_cast<std::uint64_t>(factorFor(shift)) * kFourfold;
+            secondFactor = (std::uint64_t{65536} >> shift) * kFourfold;
+        }
+        static constexpr std::uint64_t kFourfold = 0x0001000100010001u;  // once per channel
+        std::uint64_t factor, secondFactor;
+    };
+
+    /// One row of the circle; for the columns on the rim the factors of their divisions.
     struct RimRow {
         FocusCircle::Row parts;
-        LaneRow<std::uint16_t> weights;
+        LaneRow<std::int16_t> factors, secondFactors;
     };
 
     [[nodiscard]] bool hasShortWeights() const { return circle_.rim <= kMaxShortRim; }
@@ -122,8 +138,9 @@ class Softening {
     void prepareWeights(RimRow& rim, int y, int begin, int end) {
         findRimPlaces(y, begin, end);
         for (int x = begin; x < end; ++x) {
-            const std::uint64_t fourfold = shortWeights_[std::size_t(rimPlaces_[std::size_t(x)])];
-            std::memcpy(rim.weights.at(x), &fourfold, sizeof fourfold);
+            const Division& division = divisions_[std::size_t(rimPlaces_[std::size_t(x)])];
+            std::memcpy(rim.factors.at(x), &division.factor, sizeof division.factor);
+            std::memcpy(rim.secondFactors.at(x), &division.secondFactor, sizeof division.secondFactor);
         }
     }
 
@@ -183,23 +200,19 @@ class Softening {
     void softenRim(const Window<1>& window, const RimRow& rim, int y, std::uint8_t* HWY_RESTRICT result,
                    int begin, int end) {
         if (!hasShortWeights()) return softenRimLiterally(window, y, result, begin, end);
-        const std::size_t first = std::size_t(begin) * sizeof(Argb), last = std::size_t(end) * sizeof(Argb);
-        std::int16_t* HWY_RESTRICT sums = sums_.at(0);
-        for (std::size_t i = first; i < last; i += hn::Lanes(ShortTag())) {
-            hn::StoreU(sumOfNine(window.movedBy(i)), ShortTag(), sums + i);
-        }
-        const SumTag d;
-        const hn::RebindToFloat<SumTag> df;
-        const hn::Rebind<std::int16_t, SumTag> shorts;
-        const hn::Rebind<std::uint16_t, SumTag> weights;
-        for (std::size_t i = first; i < last; i += hn::Lanes(d)) {
-            const auto weight = hn::PromoteTo(d, hn::LoadU(weights, rim.weights.at(0) + i));
-            const auto centre = hn::PromoteTo(d, hn::LoadU(SumLevelTag(), window.at(0, 0) + i));
-            const auto sum = hn::Add(hn::PromoteTo(d, hn::LoadU(shorts, sums + i)), hn::Mul(centre, weight));
-            // Below 2^24, so the nearest float of a quotient is never beyond the next whole number.
-            const auto divisor = hn::Add(weight, hn::Set(d, 9));
-            const auto mean = hn::Div(hn::ConvertTo(df, sum), hn::ConvertTo(df, divisor));
-            storeOpaque(hn::ConvertTo(d, mean), result, i);
+        const ShortTag d;
+        const std::size_t last = std::size_t(end) * sizeof(Argb);
+        for (std::size_t i = std::size_t(begin) * sizeof(Argb); i < last; i += hn::Lanes(d)) {
+            const Window<1> here = window.movedBy(i);
+            const auto centre = here.shorts(0, 0);
+            // The mean is as far from the centre as the nine are together, divided by all weights.
+            const auto eightfold = hn::ShiftLeft<3>(centre);
+            const auto differences = hn::Sub(hn::Sub(sumOfNine(here), eightfold), centre);
+            const auto halves = hn::Add(hn::Add(differences, differences), hn::Set(d, std::int16_t{1}));
+            const auto scaled = hn::MulHigh(halves, hn::LoadU(d, rim.factors.at(0) + i));
+            const auto offset = hn::MulHigh(scaled, hn::LoadU(d, rim.secondFactors.at(0) + i));
+            const auto mean = hn::DemoteTo(LevelTag(), hn::Add(centre, offset));
+            hn::StoreU(withOpaqueAlpha(mean, i), LevelTag(), result + i);
         }
     }
 
@@ -241,9 +254,8 @@ class Softening {
     RowWriter writer_;
     std::vector<LaneRow<std::uint8_t>> inputs_;
     std::vector<RimRow> rims_;
-    LaneRow<std::int16_t> sums_;
-    std::vector<std::uint64_t> shortWeights_;  // by place on the rim; four times each
-    std::vector<std::int32_t> rimPlaces_;      // one row
+    std::vector<Division> divisions_;      // by place on the rim
+    std::vector<std::int32_t> rimPlaces_;  // one row
     const std::uint8_t* alphas_ = nullptr;
     int passes_ = 0;
     bool comparing_ = false, changed_ = false;
