@@ -78,6 +78,11 @@ void releaseStroke(Control& control, IntPoint) {
     activeTool(control).Reset();
 }
 
+void releaseRedEye(Control& control, IntPoint mouse) {
+    releaseTool(control, mouse);
+    releaseStroke(control, mouse);
+}
+
 void releaseSpray(Control& control, IntPoint mouse) {
     releaseTool(control, mouse);
     control.commit(activeTool(control));
@@ -155,6 +160,11 @@ constexpr ModeRules draggedBox(int mode, ModeRules::Overlay overlay) {
             .acceptCommits = true};
 }
 
+constexpr ModeRules withoutCommit(ModeRules rules) {
+    rules.acceptCommits = false;
+    return rules;
+}
+
 constexpr ModeRules withoutRightButton(ModeRules rules) {
     rules.rightDown = nullptr;
     return rules;
@@ -197,9 +207,13 @@ constexpr std::array<ModeRules, 22> kModes{{
     draggedBox(PaintMode::Text, drawTool),
     nib(PaintMode::Eraser),
     draggedBox(PaintMode::ImageStamp, drawStamp),
-    {.mode = PaintMode::Crop},
-    {.mode = PaintMode::Selection},
-    {.mode = PaintMode::RedEye},
+    figure(PaintMode::Crop),
+    withoutCommit(figure(PaintMode::Selection)),
+    {.mode = PaintMode::RedEye,
+     .leftDown = pressTool,
+     .drag = dragTool,
+     .leftUp = releaseRedEye,
+     .overlay = drawTool},
     {.mode = PaintMode::Rotation},
     {.mode = PaintMode::TrackPoint,
      .leftDown = pressTrackPoint,

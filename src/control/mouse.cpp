@@ -78,6 +78,8 @@ void VistrelControl::onTimer() noexcept {
     if (paintStatus == PaintMode::Spray) {
         if (!tools.spray.hasCentre()) return;
         tools.spray.burst();
+    } else {
+        tools.selection.crawl();
     }
     refresh();
 }

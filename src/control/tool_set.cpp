@@ -26,6 +26,9 @@ ToolSet::ToolSet(const PenSettings& pen, BrushSettings& brush, const FreehandSet
       text(pen, brush, textSettings),
       eraser(pen, brush, freehand, eraserColor),
       imageStamp(pen, brush, stampSettings),
+      crop(pen, brush),
+      selection(pen, brush),
+      redEye(pen, brush),
       trackPoint(pen, brush) {}
 
 PaintTool* ToolSet::ofMode(int mode) noexcept {
@@ -62,6 +65,12 @@ PaintTool* ToolSet::ofMode(int mode) noexcept {
             return &eraser;
         case PaintMode::ImageStamp:
             return &imageStamp;
+        case PaintMode::Crop:
+            return &crop;
+        case PaintMode::Selection:
+            return &selection;
+        case PaintMode::RedEye:
+            return &redEye;
         case PaintMode::TrackPoint:
             return &trackPoint;
         default:

@@ -5,6 +5,7 @@
 #include "tools/bezier_tool.h"
 #include "tools/brush_stroke_tool.h"
 #include "tools/closed_curve_tool.h"
+#include "tools/crop_tool.h"
 #include "tools/curve_tool.h"
 #include "tools/ellipse_tool.h"
 #include "tools/eraser_tool.h"
@@ -15,6 +16,8 @@
 #include "tools/polygon_tool.h"
 #include "tools/polyline_tool.h"
 #include "tools/rectangle_tool.h"
+#include "tools/red_eye_tool.h"
+#include "tools/selection_tool.h"
 #include "tools/spray_tool.h"
 #include "tools/text_settings.h"
 #include "tools/text_tool.h"
@@ -56,6 +59,9 @@ class ToolSet {
     TextTool text;
     EraserTool eraser;
     ImageStampTool imageStamp;
+    CropTool crop;
+    SelectionTool selection;
+    RedEyeTool redEye;
     TrackPointTool trackPoint;
 };
 

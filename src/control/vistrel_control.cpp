@@ -67,7 +67,7 @@ void VistrelControl::ResetAllTools() noexcept { tools.resetAll(); }
 
 void VistrelControl::updateToolBounds() noexcept {
     const IntRect shown = document.imageRect();
-    frameLimits = {shown, shown, shown};
+    tools.crop.limit = tools.selection.limit = tools.redEye.limit = shown;
 }
 
 void VistrelControl::reprojectToolGeometry() noexcept {

@@ -107,7 +107,6 @@ class VistrelControl {
     StampSettings stamp;
     TextSettings text;
     ScrollWindowSettings scrollWindow;
-    FrameLimits frameLimits;
     ToolSet tools;
 
  private:

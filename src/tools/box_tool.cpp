@@ -2,41 +2,17 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <utility>
 
 #include "platform/graphics/shapes.h"
 #include "tools/bounded_point.h"
+#include "tools/box_handles.h"
 #include "tools/grab_handle.h"
 #include "tools/image_commit.h"
 
 namespace orvane {
 namespace {
 
-/// Where a handle lies along one axis of the box, and so which of its corners it moves.
-enum class Side { First, Middle, Second };
-
-struct HandleRule {
-    Side x, y;
-    int turnedLeftRight, turnedUpDown;  ///< its number after the box has turned over
-    CursorId cursor;
-};
-
-constexpr HandleRule kHandleRules[] = {
-    {Side::First, Side::First, 2, 6, CursorId::SizeNorthwestSoutheast},
-    {Side::Middle, Side::First, 1, 5, CursorId::SizeNorthSouth},
-    {Side::Second, Side::First, 0, 4, CursorId::SizeNortheastSouthwest},
-    {Side::Second, Side::Middle, 7, 3, CursorId::SizeWestEast},
-    {Side::Second, Side::Second, 6, 2, CursorId::SizeNorthwestSoutheast},
-    {Side::Middle, Side::Second, 5, 1, CursorId::SizeNorthSouth},
-    {Side::First, Side::Second, 4, 0, CursorId::SizeNortheastSouthwest},
-    {Side::First, Side::Middle, 3, 7, CursorId::SizeWestEast},
-};
-
 constexpr int kFrameHandleRadius = 3;
-
-constexpr int along(Side side, int first, int second) {
-    return side == Side::First ? first : side == Side::Second ? second : (first + second) / 2;
-}
 
 constexpr IntRect grown(IntRect r) { return {r.x - 1, r.y - 1, r.width + 2, r.height + 2}; }
 
@@ -65,8 +41,8 @@ void BoxTool::OnMouseDown(MouseButton /*button*/, IntPoint mouse) noexcept {
 bool BoxTool::OnMouseMove(IntPoint mouse) noexcept {
     const IntPoint before1 = corner1, before2 = corner2;
     if (activeHandle != kUnset) {
-        moveHandle(activeHandle, bounded(mouse));
-        normalise();
+        box_handles::move(activeHandle, bounded(mouse), corner1, corner2);
+        box_handles::normalise(corner1, corner2, activeHandle);
     } else if (placed && moveAnchor != kUnsetPoint) {
         moveBox(bounded(mouse));
     } else if (!placed) {
@@ -83,14 +59,14 @@ bool BoxTool::OnMouseMove(IntPoint mouse) noexcept {
 void BoxTool::OnMouseUp(IntPoint mouse) noexcept {
     const IntPoint before1 = corner1, before2 = corner2;
     if (activeHandle != kUnset) {
-        moveHandle(activeHandle, bounded(mouse));
+        box_handles::move(activeHandle, bounded(mouse), corner1, corner2);
     } else if (!placed) {
         corner2 = bounded(mouse);
         placed = true;
     } else {
         moveAnchor = kUnsetPoint;
     }
-    normalise();
+    box_handles::normalise(corner1, corner2, activeHandle);
     if (isInsideBounds()) return;
     corner1 = before1;
     corner2 = before2;
@@ -106,8 +82,9 @@ void BoxTool::Draw(MutablePixelView view) noexcept {
 
 CursorId BoxTool::HitCursor(IntPoint mouse) const noexcept {
     if (!placed) return CursorId::Arrow;
-    for (int handle = 0; handle < kHandles; ++handle) {
-        if (handleSquare(handle, handleRadius(pen)).contains(mouse)) return kHandleRules[handle].cursor;
+    for (int handle = 0; handle < box_handles::kCount; ++handle) {
+        if (handleSquare(handle, handleRadius(pen)).contains(mouse))
+            return box_handles::ruleOf(handle).cursor;
     }
     return box().contains(mouse) ? CursorId::Move : CursorId::Arrow;
 }
@@ -142,9 +119,9 @@ void BoxTool::drawFrame(MutablePixelView view, IntRect area) const noexcept {
 /// All black squares first: where handles overlap, none loses its white edge.
 void BoxTool::drawHandles(MutablePixelView view, int radius) const noexcept {
     if (!placed || !showHandles) return;
-    for (int handle = 0; handle < kHandles; ++handle)
+    for (int handle = 0; handle < box_handles::kCount; ++handle)
         drawRectangle(view, Pen(kBlack), handleSquare(handle, radius));
-    for (int handle = 0; handle < kHandles; ++handle)
+    for (int handle = 0; handle < box_handles::kCount; ++handle)
         drawRectangle(view, Pen(kWhite), grown(handleSquare(handle, radius)));
 }
 
@@ -154,28 +131,21 @@ IntRect BoxTool::insideOutline(IntRect area) const noexcept {
 }
 
 IntPoint BoxTool::handleCentre(int handle) const noexcept {
-    const HandleRule& rule = kHandleRules[handle];
-    return {along(rule.x, corner1.x, corner2.x), along(rule.y, corner1.y, corner2.y)};
+    return box_handles::centreOf(handle, corner1, corner2);
 }
 
 IntRect BoxTool::handleSquare(int handle, int radius) const noexcept {
     const IntPoint centre = handleCentre(handle);
-    const int shift = kHandleRules[handle].x == Side::First ? 1 : 0;
+    const int shift = box_handles::ruleOf(handle).x == box_handles::Side::First ? 1 : 0;
     return {centre.x - radius - shift, centre.y - radius, 2 * radius + 1, 2 * radius + 1};
 }
 
 /// The first handle that a press here grabs, or kUnset.
 int BoxTool::handleAt(IntPoint mouse) const noexcept {
-    for (int handle = 0; handle < kHandles; ++handle) {
+    for (int handle = 0; handle < box_handles::kCount; ++handle) {
         if (hitsBoxHandle(handleCentre(handle), handleRadius(pen), mouse)) return handle;
     }
     return kUnset;
-}
-
-void BoxTool::moveHandle(int handle, IntPoint to) noexcept {
-    const HandleRule& rule = kHandleRules[handle];
-    if (rule.x != Side::Middle) (rule.x == Side::First ? corner1 : corner2).x = to.x;
-    if (rule.y != Side::Middle) (rule.y == Side::First ? corner1 : corner2).y = to.y;
 }
 
 /// The box stops at the bounds, but the anchor follows the mouse: a drag back takes the box along at once.
@@ -189,19 +159,6 @@ void BoxTool::moveBox(IntPoint mouse) noexcept {
         corner2 = before2;
     }
     moveAnchor = mouse;
-}
-
-/// Puts the corners in order. The grabbed handle is renumbered with them, so that it stays under the mouse.
-void BoxTool::normalise() noexcept {
-    const bool grabbed = activeHandle != kUnset;
-    if (corner1.x > corner2.x) {
-        std::swap(corner1.x, corner2.x);
-        if (grabbed) activeHandle = kHandleRules[activeHandle].turnedLeftRight;
-    }
-    if (corner1.y > corner2.y) {
-        std::swap(corner1.y, corner2.y);
-        if (grabbed) activeHandle = kHandleRules[activeHandle].turnedUpDown;
-    }
 }
 
 bool BoxTool::isInsideBounds() const noexcept { return bounds.contains(corner1) && bounds.contains(corner2); }

@@ -54,14 +54,10 @@ class BoxTool : public PaintTool {
     [[nodiscard]] IntRect insideOutline(IntRect area) const noexcept;
 
  private:
-    static constexpr int kHandles = 8;
-
     [[nodiscard]] IntPoint handleCentre(int handle) const noexcept;
     [[nodiscard]] IntRect handleSquare(int handle, int radius) const noexcept;
     [[nodiscard]] int handleAt(IntPoint mouse) const noexcept;
-    void moveHandle(int handle, IntPoint to) noexcept;
     void moveBox(IntPoint mouse) noexcept;
-    void normalise() noexcept;
     [[nodiscard]] bool isInsideBounds() const noexcept;
 };
 

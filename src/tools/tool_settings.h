@@ -30,9 +30,4 @@ struct ScrollWindowSettings {
     Argb colour = 0x8C787878u;
 };
 
-/// Where the frames of modes 17, 18 and 19 may lie: the rectangle in which the image is shown.
-struct FrameLimits {
-    IntRect crop, selection, redEye;
-};
-
 }  // namespace orvane

@@ -100,7 +100,7 @@ TEST(ScaleImage, CutsSidesDownToWholePixels) {
         Scene scene;
         scene.call("ScaleImage", {row.x, row.y});
         EXPECT_EQ(scene.redraws(), 1);
-        EXPECT_EQ(scene.control().frameLimits.crop, scene.document().imageRect());
+        EXPECT_EQ(scene.control().tools.crop.limit, scene.document().imageRect());
         scene.expectStep(row.size);
     }
 }

@@ -2,6 +2,7 @@
 #include "base/unicode.h"
 #include "control/clipboard_exchange.h"
 #include "control/members/access.h"
+#include "control/paint_mode.h"
 #include "geometry/rotate_flip.h"
 #include "geometry/scale_image.h"
 
@@ -74,6 +75,36 @@ Value scale(VistrelControl& control, Arguments arguments) {
     return {};
 }
 
+Value selectAll(VistrelControl& control, Arguments) {
+    if (control.document.isEmpty()) return {};
+    control.SetPaintStatus(PaintMode::Selection);
+    const IntRect shown = control.document.imageRect();
+    control.tools.selection.corner1 = {shown.x, shown.y};
+    control.tools.selection.corner2 = {shown.right(), shown.bottom()};
+    return {};
+}
+
+Value copy(VistrelControl& control, Arguments) {
+    const SelectionTool& selection = control.tools.selection;
+    if (selection.isUnset()) return {};
+    copySelection(control, selection.corner1, selection.corner2);
+    return {};
+}
+
+Value cut(VistrelControl& control, Arguments) {
+    SelectionTool& selection = control.tools.selection;
+    if (selection.isUnset()) return {};
+    if (cutSelection(control, selection.corner1, selection.corner2)) selection.Reset();
+    return {};
+}
+
+Value paste(VistrelControl& control, Arguments) {
+    if (control.document.isEmpty()) return {};
+    PixelSurface picture = pictureOnClipboard(control);
+    if (!picture.isNull()) control.placeStamp(std::move(picture));
+    return {};
+}
+
 constexpr Member kRows[] = {
     {.id = 0x01,
      .name = "LoadImage",
@@ -110,10 +141,10 @@ constexpr Member kRows[] = {
      .help = "Turns the picture by quarters and mirrors it.",
      .parameters = {{"nType", Long, "0 to 3 quarter turns clockwise, plus 4 mirrors left and right"}},
      .call = turn},
-    {.id = 0x43, .name = "Copy", .help = "Copies the selection to the clipboard."},
-    {.id = 0x44, .name = "Paste", .help = "Places the clipboard's picture as an image stamp."},
-    {.id = 0x45, .name = "Cut", .help = "Copies the selection to the clipboard and fills it."},
-    {.id = 0x46, .name = "SelectAll", .help = "Selects the whole picture."},
+    {.id = 0x43, .name = "Copy", .help = "Copies the selection to the clipboard.", .call = copy},
+    {.id = 0x44, .name = "Paste", .help = "Places the clipboard's picture as an image stamp.", .call = paste},
+    {.id = 0x45, .name = "Cut", .help = "Copies the selection to the clipboard and fills it.", .call = cut},
+    {.id = 0x46, .name = "SelectAll", .help = "Selects the whole picture.", .call = selectAll},
     {.id = 0x49,
      .name = "ScaleImage",
      .help = "Scales the picture.",
@@ -181,7 +212,11 @@ constexpr Member kRows[] = {
      .name = "CopyCutAvailable",
      .kind = Kind::ReadOnlyProperty,
      .type = Boolean,
-     .help = "Whether there is a selection to copy or cut."},
+     .help = "Whether there is a selection to copy or cut.",
+     .get =
+         [](const VistrelControl& control) {
+             return Value(control.paintStatus == PaintMode::Selection && control.tools.selection.placed);
+         }},
     {.id = 0x76,
      .name = "GetImageArray",
      .type = ByteArray,
