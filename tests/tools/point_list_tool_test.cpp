@@ -142,14 +142,14 @@ TEST(PointListTool, AGradientRunsAcrossTheVerticesAndKeepsItsSizeInTheImage) {
 
     TestTool<ClosedCurveTool> curve;
     curve.brush.style = BrushSettings::Gradient;
-    curve.clicks({{20, 20}, {90, 30}});
+    curve.clicks({{20, 20}, {108, 30}});
     curve.overlay();
     EXPECT_EQ(curve.brush.gradientRectangle, untouched) << "nothing to fill yet";
     curve.clicks({{60, 80}});
     curve.overlay();
-    EXPECT_EQ(curve.brush.gradientRectangle, (IntRect{13, 14, 85, 73})) << "71 x 61, with 7 and 6 around it";
+    EXPECT_EQ(curve.brush.gradientRectangle, (IntRect{12, 14, 105, 73})) << "89 x 61, with 8 and 6 around it";
     curve.tool.commit(curve.document, halved);
-    EXPECT_EQ(curve.brush.gradientRectangle, (IntRect{9, 11, 85, 73}));
+    EXPECT_EQ(curve.brush.gradientRectangle, (IntRect{9, 11, 105, 73}));
 }
 
 TEST(PointListTool, EveryPointIsMapped) {
