@@ -2,14 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 #include <numeric>
+#include <set>
 
 #include "filters/artistic_reference.h"
 #include "filters/filter_checks.h"
+#include "filters/kernels/even_glow.h"
 #include "filters/kernels/fourier_transform.h"
 #include "filters/kernels/glow_falloff.h"
+#include "filters/kernels/light_columns.h"
 #include "filters/kernels/light_source.h"
 #include "filters/kernels/light_sums.h"
 
@@ -161,12 +165,51 @@ TEST(Glow, IsExactOnWholeNumbers) {
     }
 }
 
+// Weights around those that bring all lights but one to a whole number, a last place apart each: there sums
+// that lack the same light at different places end on different sides of it.
+TEST(EvenLight, TellsEverySumThatLacksAPixelsOwnLight) {
+    constexpr int kWidth = 43, kHeight = 31;
+    const Picture picture = sky(kWidth, kHeight, 2, 7);
+    LightColumns lights;
+    lights.take(picture.view(), 200);
+    const std::vector<std::uint16_t>& inOrder = lights.inOrder();
+    const int total = std::accumulate(inOrder.begin(), inOrder.end(), 0);
+    const auto sumWithout = [&](std::size_t own, double weight) {
+        double sum = 0;
+        for (std::size_t i = 0; i < inOrder.size(); ++i) sum += i == own ? 0.0 : inOrder[i] * weight;
+        return sum;
+    };
+    int divided = 0;  // weights for which place decides
+    for (int own = 600; own <= 618; own += 3) {
+        const auto first = std::size_t(std::find(inOrder.begin(), inOrder.end(), own) - inOrder.begin());
+        for (int levels : {1, 2, 3, 5, 6, 11, 100}) {
+            const double roughly = double(levels) / (total - own);
+            double weight = roughly * (levels / sumWithout(first, roughly));
+            for (int i = 0; i < 5; ++i) weight = std::nextafter(weight, 0);
+            for (int places = 0; places < 10; ++places, weight = std::nextafter(weight, 1)) {
+                EvenLight even;
+                std::set<int> seen;
+                for (std::size_t i = 0; i < inOrder.size(); ++i) {
+                    if (inOrder[i] != own && i % 97 != 0) continue;
+                    const int expected = int(sumWithout(i, weight)), x = int(i) / kHeight,
+                              y = int(i) % kHeight;
+                    ASSERT_EQ(even.levelsAt(lights, weight, x, y), expected)
+                        << own << ", " << levels << ", " << places << ", " << i;
+                    if (inOrder[i] == own) seen.insert(expected);
+                }
+                divided += seen.size() > 1;
+            }
+        }
+    }
+    EXPECT_GT(divided, 3);
+}
+
 TEST(Glow, AnyRadiusEndsSoon) {
-    Picture picture = sky(40, 20, 5, 9), opaque = picture;
+    const Picture picture = sky(40, 20, 5, 9);
     for (int radius : {INT_MAX, INT_MAX - 1}) {
         const Operation dim{named("glow", radius, 1), [=](ImageDocument& d) { glow(d, 200, radius, 1); },
                             [](const Picture& p) { return p.pixels; }};
-        checkOperation(dim, opaque);
+        checkOperation(dim, picture);
     }
     ImageDocument document;
     test::loadPicture(document, picture.pixels, 40, 20);

@@ -19,7 +19,7 @@ struct Glow {
 /// pixels, about a quarter of the circle's area in single precision, and again in double precision for the
 /// few sums that lie so near to a whole number that single precision cannot tell. Farther light costs a
 /// fraction of a second per million pixels (see addFarGlow), and a radius of thousands of millions up to a
-/// second for itself. Scratch memory: up to 12 bytes per pixel and 256 MiB, less for short light. May throw
+/// second for itself. Scratch memory: up to 14 bytes per pixel and 256 MiB, less for short light. May throw
 /// std::bad_alloc.
 void addGlow(PixelView source, MutablePixelView target, const Glow& light);
 
