@@ -10,7 +10,10 @@ namespace orvane {
 
 /// The centre of a zoom or radial blur: taken into the image and, where it is large enough, off its border.
 inline IntPoint pathCentre(const ImageDocument& document, int x, int y) {
-    return {std::min(std::max(x, 1), document.width() - 2), std::min(std::max(y, 1), document.height() - 2)};
+    const auto within = [](int position, int length) {
+        return std::max(std::min(std::max(position, 1), length - 2), 0);
+    };
+    return {within(x, document.width()), within(y, document.height())};
 }
 
 }  // namespace orvane

@@ -58,6 +58,13 @@ TEST(BlurRadial, EveryCentreOfASmallPicture) {
     }
 }
 
+TEST(BlurRadial, OneRowOneColumnOnePixel) {
+    for (const IntSize size : {IntSize{1, 1}, {1, 9}, {9, 1}, {90, 1}, {1, 90}}) {
+        const Picture source = noisyPicture(size.width, size.height);
+        for (int at : {-5, 0, 4, 100}) check(source, at, at, 60);
+    }
+}
+
 TEST(BlurRadial, HugeArgumentsAndLongPictures) {
     for (int angle : {INT_MAX, INT_MIN, 1 << 24, 100000}) {
         check(noisyPicture(31, 22), 15, 11, angle);

@@ -71,6 +71,14 @@ TEST(BlurZoom, EveryCentreOfASmallPicture) {
     }
 }
 
+// They come from scaling; a centre off the border would lie outside.
+TEST(BlurZoom, OneRowOneColumnOnePixel) {
+    for (const IntSize size : {IntSize{1, 1}, {1, 9}, {9, 1}, {90, 1}, {1, 90}}) {
+        const Picture source = noisyPicture(size.width, size.height);
+        for (int at : {-5, 0, 4, 100}) check(source, at, at, 20);
+    }
+}
+
 // Where rays hardly differ, they are taken piece by piece.
 TEST(BlurZoom, VeryLongPictures) {
     const IntSize sizes[] = {{80, 2}, {81, 2}, {2, 83}, {121, 3}, {3, 122}, {5, 201}, {283, 7}, {7, 301}};

@@ -79,7 +79,8 @@ struct Point {
 inline constexpr Point kNeighbours[] = {{0, -1}, {1, -1}, {1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}};
 
 inline Point pathCentre(const Picture& picture, int x, int y) {
-    return {std::min(std::max(x, 1), picture.width - 2), std::min(std::max(y, 1), picture.height - 2)};
+    return {std::max(std::min(std::max(x, 1), picture.width - 2), 0),
+            std::max(std::min(std::max(y, 1), picture.height - 2), 0)};
 }
 
 /// The walk from a border pixel to the centre along the line between them; empty when they are the same.
