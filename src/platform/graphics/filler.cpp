@@ -28,8 +28,9 @@ void AreaFiller::addEdge(PlanePoint from, PlanePoint to) {
     if (winding < 0) std::swap(from, to);
     const double width = raster_.width, height = raster_.height;
     if (!(to.y - from.y >= kLeastHeight) || to.y <= 0 || from.y >= height ||
-        (from.x >= width && to.x >= width))
+        (from.x >= width && to.x >= width)) {
         return;
+    }
 
     const double slope = (to.x - from.x) / (to.y - from.y);
     const auto xAt = [&](double y) { return from.x + (y - from.y) * slope; };

@@ -115,8 +115,8 @@ void Stroker::stroke(const Path& path) {
     meet(points.back(), previous, {});
 }
 
-// Looks along the line and across it: pixels lie within the visible range along, and some no farther across
-// than the pen reaches.
+// Looks along the line and across it: pixels lie within the visible range along, which leaves room for caps
+// that are not quite across, and some no farther across than the pen reaches.
 bool Stroker::isVisible(const Line& line, Range& visible) const {
     const double width = filler_.raster().width, height = filler_.raster().height;
     visible = {1e300, -1e300};
@@ -127,6 +127,7 @@ bool Stroker::isVisible(const Line& line, Range& visible) const {
         visible = {std::min(visible.least, ahead), std::max(visible.most, ahead)};
         across = {std::min(across.least, aside), std::max(across.most, aside)};
     }
+    visible = {visible.least - line.lost - 1, visible.most + line.lost + 1};
     return visible.most >= -reach_ && visible.least <= line.length + reach_ && across.most >= -reach_ &&
            across.least <= reach_;
 }

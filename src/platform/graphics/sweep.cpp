@@ -24,7 +24,7 @@ Sweep::Sweep(std::vector<SweepEdge>& edges, FillRule rule, int width) : rule_(ru
     std::sort(starts_.begin(), starts_.end(), [](const Start& a, const Start& b) { return a.top < b.top; });
     order_.reserve(edges.size());
     ended_.reserve(edges.size());
-    events_.reserve(2 * edges.size() + kRowEffort);
+    events_.reserve(4 * edges.size() + 256);
 }
 
 void Sweep::run(CoverageSink& sink) noexcept {

@@ -204,6 +204,37 @@ TEST(Shapes, OneCallPaintsEveryPixelOnce) {
     }
 }
 
+TEST(Shapes, BrushesColourAreasAndOutlinesFromTheTargetsCorner) {
+    const HatchBrush hatch{HatchBrush::kForwardDiagonal, 0xFFFFFFFFu, 0x80FF0000u};
+    std::vector<Argb> colours(40 * 30);
+    for (int y = 0; y < 30; ++y) brushRow(hatch, 0, y, 40, &colours[std::size_t(y) * 40]);
+    Pen pen(0, 5);
+    pen.brush = hatch;
+    const Canvas canvases[] = {
+        drawn(40, 30,
+              [&](auto v) {
+                  fillRectangle(v, hatch, {3, 4, 30, 20});
+              }),
+        drawn(40, 30,
+              [&](auto v) {
+                  fillEllipse(v, hatch, {3, 4, 30, 20});
+              }),
+        drawn(40, 30,
+              [&](auto v) {
+                  drawEllipse(v, pen, {3, 4, 30, 20});
+              }),
+    };
+    for (const Canvas& canvas : canvases) {
+        EXPECT_GT(canvas.coveredArea(), 100);
+        for (std::size_t i = 0; i < colours.size(); ++i) {
+            const Argb p = canvas.pixels()[i];
+            ASSERT_EQ(p & 0xFFFFFFu, p == 0 ? 0 : colours[i] & 0xFFFFFFu);
+            ASSERT_LE(alphaOf(p), alphaOf(colours[i]));
+        }
+    }
+    EXPECT_EQ(canvases[0].at(10, 10), colours[10 * 40 + 10]);
+}
+
 TEST(Shapes, MitresReachTenWidthsAndAreCutOffBeyond) {
     // Both lines leave the tip at (100, 50); the limit lies at 11.5 degrees between them.
     for (const auto& [opening, isMitred] : {std::pair{22, true}, {19, false}}) {
@@ -401,6 +432,25 @@ TEST(Shapes, WhatIsCutOffDoesNotChangeTheRest) {
         }
         fillRect(small, {0, 0, part.width, part.height}, kGuard);
         for (Argb p : surroundings.pixels()) ASSERT_EQ(p, kGuard) << "shape " << seed;
+    }
+}
+
+// So many crossings in a row that it is sampled: nothing may leak out of it, and nothing be missing inside.
+TEST(Shapes, CrowdedRowsStayWithinTheirBounds) {
+    std::mt19937 random(3);
+    std::vector<IntPoint> points(3000);
+    for (IntPoint& p : points) p = {int(random() % 60) + 10, int(random() % 40) + 5};
+    const Canvas lines = drawn(80, 50, [&](auto v) { drawLines(v, Pen(kOpaque), points); });
+    const Canvas polygon = drawn(80, 50, [&](auto v) { fillPolygon(v, SolidBrush{kOpaque}, points); });
+    for (int y = 0; y < 50; ++y) {
+        for (int x = 0; x < 80; ++x) {
+            if (x < 10 || x >= 70 || y < 5 || y >= 45) {
+                ASSERT_EQ(polygon.coverage(x, y), 0) << x << ", " << y;
+            } else if (x > 20 && x < 60 && y > 15 && y < 35) {
+                ASSERT_NEAR(polygon.coverage(x, y), 128, 60) << x << ", " << y;
+                ASSERT_EQ(lines.coverage(x, y), 255) << x << ", " << y;
+            }
+        }
     }
 }
 
