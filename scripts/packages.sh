@@ -14,7 +14,7 @@ packages_test=(
     libgtest-dev libgmock-dev
     fonts-dejavu-core fonts-lohit-deva fonts-wqy-microhei  # Hebrew and Arabic, Devanagari, Chinese
 )
-packages_bench=(libbenchmark-dev libopencv-dev libspng-dev)  # the peers that speed is compared with
+packages_bench=(libbenchmark-dev libopencv-dev libspng-dev libcairo2-dev)  # the peers that speed is compared with
 packages_ci=(clang libclang-rt-14-dev clang-format clang-tidy ccache shellcheck git)
 
 say() { printf '\n== %s\n' "$*"; }
