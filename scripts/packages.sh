@@ -12,6 +12,7 @@ packages_build=(
 )
 packages_test=(
     libgtest-dev libgmock-dev
+    libcairo2-dev                                # what shapes are held against
     fonts-dejavu-core fonts-lohit-deva fonts-wqy-microhei  # Hebrew and Arabic, Devanagari, Chinese
 )
 packages_bench=(libbenchmark-dev libopencv-dev libspng-dev libcairo2-dev)  # the peers that speed is compared with
