@@ -4,6 +4,7 @@
 
 #include "control/paint_mode.h"
 #include "control/vistrel_control.h"
+#include "geometry/free_rotation.h"
 #include "view/view_mapping.h"
 
 namespace orvane {
@@ -63,6 +64,33 @@ void dragTrackPoint(Control& control, IntPoint mouse) {
     control.fireAt(EventId::OnTrackPointMouseMove, mouse);
     control.refresh();
 }
+
+// --- free rotation: the bar has it all ---
+
+void pressRotationBar(Control& control, IntPoint mouse) {
+    RotationBar& bar = control.rotationBar;
+    bar.press(mouse);
+    const bool applies = bar.applyHit(mouse);
+    if (!applies && !bar.cancelHit(mouse)) return;
+    if (applies) applyRotation(control.document);
+    control.SetPaintStatus(PaintMode::None);
+    control.refresh();
+    control.fire(applies ? EventId::OnHitApplyRotate : EventId::OnHitCancelRotate);
+}
+
+void dragRotationBar(Control& control, IntPoint mouse) {
+    if (!control.rotationBar.drag(mouse)) return;
+    control.document.rotationAngle = float(control.rotationBar.angle());
+    control.refresh();
+}
+
+void releaseRotationBar(Control& control, IntPoint) { control.rotationBar.release(); }
+
+void hoverRotationBar(Control& control, IntPoint mouse) {
+    if (control.rotationBar.hover(mouse)) control.refresh();
+}
+
+void drawRotationBar(Control& control, MutablePixelView view) { control.rotationBar.draw(view); }
 
 // --- the left button goes up ---
 
@@ -214,7 +242,12 @@ constexpr std::array<ModeRules, 22> kModes{{
      .drag = dragTool,
      .leftUp = releaseRedEye,
      .overlay = drawTool},
-    {.mode = PaintMode::Rotation},
+    {.mode = PaintMode::Rotation,
+     .leftDown = pressRotationBar,
+     .drag = dragRotationBar,
+     .leftUp = releaseRotationBar,
+     .hover = hoverRotationBar,
+     .overlay = drawRotationBar},
     {.mode = PaintMode::TrackPoint,
      .leftDown = pressTrackPoint,
      .drag = dragTrackPoint,

@@ -19,19 +19,19 @@ IntPoint messagePosition(int x, int y) {
     return {std::clamp(x, kLowest, kHighest), std::clamp(y, kLowest, kHighest)};
 }
 
-bool overflowsView(const ImageDocument& document) {
-    return document.view.overflowX || document.view.overflowY;
-}
-
 }  // namespace
 
 void VistrelControl::onLeftDown(int x, int y) noexcept {
     if (document.isEmpty()) return;
     const IntPoint mouse = messagePosition(x, y);
+    if (isScrollWindowShown()) {
+        if (scrollWindow.closeButtonHit(mouse)) return fire(EventId::OnHitCloseScrollWindow);
+        if (scrollWindow.press(mouse)) return refresh();
+    }
     run(rulesOf(paintStatus).leftDown, *this, mouse);
     if (paintStatus > 0) return;
     beginPan(document, mouse);
-    if (overflowsView(document)) captureMouse();
+    if (document.view.overflows()) captureMouse();
 }
 
 void VistrelControl::onRightDown(int x, int y) noexcept {
@@ -50,6 +50,11 @@ void VistrelControl::onMouseMove(int x, int y, MouseButtons held) noexcept {
 }
 
 void VistrelControl::drag(IntPoint mouse) noexcept {
+    if (isScrollWindowShown() && scrollWindow.isDragging()) {
+        if (!scrollWindow.drag(mouse)) return;
+        scrollTo(document, scrollWindow.targetPoint());
+        return refresh();
+    }
     if (panTo(document, mouse)) {
         refresh();
     } else {
@@ -58,6 +63,7 @@ void VistrelControl::drag(IntPoint mouse) noexcept {
 }
 
 void VistrelControl::hover(IntPoint mouse, MouseButtons held) noexcept {
+    if (isScrollWindowShown() && scrollWindow.thumbnailHit(mouse)) return releaseMouse();
     run(rulesOf(paintStatus).hover, *this, mouse);
     if (!held.right) run(rulesOf(paintStatus).hoverNoButton, *this, mouse);
 }
@@ -65,6 +71,10 @@ void VistrelControl::hover(IntPoint mouse, MouseButtons held) noexcept {
 void VistrelControl::onLeftUp(int x, int y) noexcept {
     if (document.isEmpty()) return;
     const IntPoint mouse = messagePosition(x, y);
+    if (isScrollWindowShown() && (scrollWindow.isDragging() || scrollWindow.closeButtonHit(mouse))) {
+        if (scrollWindow.release(mouse)) refresh();
+        return;
+    }
     if (paintStatus <= 0) {
         endPan(document);
         releaseMouse();

@@ -1,4 +1,5 @@
 #include "control/mode_table.h"
+#include "control/paint_mode.h"
 #include "control/vistrel_control.h"
 
 namespace orvane {
@@ -9,6 +10,10 @@ void VistrelControl::refresh() noexcept {
     if (!target) return;
     paintView(target);
     if (const auto overlay = rulesOf(paintStatus).overlay) overlay(*this, target);
+    if (document.view.overflows() && paintStatus != PaintMode::Rotation) {
+        updateScrollWindowView();
+        if (!document.isEmpty()) scrollWindow.draw(*document.currentSurface(), document.view.zoom, target);
+    }
     backBuffer.markOpaque();
     window->present(target);
 }
@@ -21,6 +26,21 @@ void VistrelControl::paintView(MutablePixelView target) noexcept {
         trail_.release();
         viewPainter_.paint(document, backgroundColor, target);
     }
+}
+
+bool VistrelControl::isScrollWindowShown() const noexcept {
+    return document.view.overflows() && scrollWindow.visible;
+}
+
+// The part of the image between the window's edges, or the image's own where it ends inside the window.
+void VistrelControl::updateScrollWindowView() noexcept {
+    const ViewState& view = document.view;
+    const IntRect shown = document.imageRect();
+    const IntPoint first{view.overflowX ? 0 : shown.x, view.overflowY ? 0 : shown.y};
+    const IntPoint last{view.overflowX ? view.viewWidth - 1 : shown.right(),
+                        view.overflowY ? view.viewHeight - 1 : shown.bottom()};
+    const IntPoint corner = toImage(first), opposite = toImage(last);
+    scrollWindow.setViewRect({corner.x + 1, corner.y + 1}, {opposite.x + 1, opposite.y + 1});
 }
 
 }  // namespace orvane

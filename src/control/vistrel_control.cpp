@@ -55,6 +55,12 @@ void VistrelControl::SetPaintStatus(int mode) noexcept {
         case PaintMode::Pencil:
             setToolCursor(CursorId::Pencil);
             break;
+        case PaintMode::Rotation:
+            rotationBar.reset();
+            document.rotationPreview = true;
+            document.rotationAngle = 0;
+            document.view.centreView();
+            break;
         case PaintMode::TrackPoint:
             tools.trackPoint.point = {document.view.viewWidth / 2, document.view.viewHeight / 2};
             break;
@@ -151,6 +157,8 @@ void VistrelControl::onSize(int width, int height) noexcept {
     backBuffer = PixelSurface::create(width, height);
     document.view.setViewSize({width, height}, document.size());
     tools.setClientSize({width, height});
+    rotationBar.layout({width, height});
+    scrollWindow.setClientSize({width, height});
 }
 
 void VistrelControl::onDestroy() noexcept {

@@ -17,6 +17,8 @@
 #include "tools/text_settings.h"
 #include "tools/tool_settings.h"
 #include "view/draw_view.h"
+#include "view/rotation_bar.h"
+#include "view/scroll_window.h"
 
 namespace orvane {
 
@@ -106,13 +108,16 @@ class VistrelControl {
     FreehandSettings freehand;
     StampSettings stamp;
     TextSettings text;
-    ScrollWindowSettings scrollWindow;
     ToolSet tools;
+    RotationBar rotationBar;
+    ScrollWindow scrollWindow{pen, brush};
 
  private:
     void drag(IntPoint mouse) noexcept;
     void hover(IntPoint mouse, MouseButtons held) noexcept;
+    [[nodiscard]] bool isScrollWindowShown() const noexcept;
     void paintView(MutablePixelView target) noexcept;
+    void updateScrollWindowView() noexcept;
 
     ViewPainter viewPainter_;
     TrailLayer trail_;

@@ -16,6 +16,7 @@ struct ViewState {
     int viewCentreY = 0;
     bool overflowX = false;  ///< the shown image does not lie wholly inside the view
     bool overflowY = false;
+    [[nodiscard]] bool overflows() const noexcept { return overflowX || overflowY; }
     int panAnchorX = -1;  ///< last mouse position of a view drag, -1 when there is none
     int panAnchorY = -1;
 

@@ -24,10 +24,4 @@ struct StampSettings {
     bool useMaskColour = false;
 };
 
-/// The panel that shows where the view lies on the picture.
-struct ScrollWindowSettings {
-    bool visible = true;
-    Argb colour = 0x8C787878u;
-};
-
 }  // namespace orvane

@@ -17,7 +17,8 @@ void PanelLabel::draw(MutablePixelView view) const noexcept {
     font.bold = true;
     const TextExtent extent = measureText(font, text_);
     constexpr double kBearing = 2.0;  // looks centred with the room that fonts leave before a word
-    drawText(view, font, text_, SolidBrush{kPanelInk}, area.x + area.width / 2 - extent.width * 0.5 + kBearing,
+    drawText(view, font, text_, SolidBrush{kPanelInk},
+             area.x + area.width / 2 - extent.width * 0.5 + kBearing,
              area.y + area.height / 2 - extent.height * 0.5);
 }
 

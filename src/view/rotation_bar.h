@@ -10,8 +10,8 @@
 
 namespace orvane {
 
-/// The bar along the bottom of the window in which a free rotation is set: the angle as text, a slider for it,
-/// and APPLY and CANCEL. All points are window pixels.
+/// The bar along the bottom of the window in which a free rotation is set: the angle as text, a slider for
+/// it, and APPLY and CANCEL. All points are window pixels.
 class RotationBar {
  public:
     RotationBar() noexcept = default;
