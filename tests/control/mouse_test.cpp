@@ -195,6 +195,7 @@ TEST(TrackPoint, ReportsItsDragInImagePixels) {
 // A red cross that leaves its centre free, over the picture and under nothing.
 TEST(TrackPoint, ShowsACrosshair) {
     TestControl control(100, 80);
+    control.put("ScrollWindowVisible", false);
     control.call("NewImage", {100, 80});
     control.put("PaintStatus", PaintMode::TrackPoint);
     const PixelView shown = control.window().picture();

@@ -111,7 +111,8 @@ TEST_F(OutOfMemory, AnyFailingAllocationOfAnyCommandIsSurvived) {
         for (; survives(command, n, 1'000'000); ++n) trimPixelMemory();
         for (long k = 1; k < n; ++k) survives(command, k, 0);
         trimPixelMemory();
-        EXPECT_EQ(FailingAllocator::blocksAlive(), aliveBefore) << command.name << " leaks";
+        // Fewer may be left: what fonts keep, they drop in their own time.
+        EXPECT_LE(FailingAllocator::blocksAlive(), aliveBefore) << command.name << " leaks";
     }
 }
 
