@@ -7,6 +7,11 @@
 namespace orvane {
 
 void blurZoom(ImageDocument& document, int x, int y, int strength) noexcept {
+    // Rays reach every pixel of a picture but its only one.
+    if (document.size() == IntSize{1, 1}) {
+        document.pushSnapshot();
+        return;
+    }
     const IntPoint centre = pathCentre(document, x, y);
     applyNeighbourhoodPass(document, TargetPixels::Opaque, [=](PixelView source, MutablePixelView target) {
         rayMeans(source, target, centre, strength);

@@ -2,9 +2,10 @@
 
 #include <orvane/pixels.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <random>
-#include <span>
+#include <utility>
 #include <vector>
 
 #include "document/image_document.h"
@@ -23,10 +24,14 @@ inline std::vector<Argb> randomPicture(std::size_t count, unsigned seed) {
     return pixels;
 }
 
-/// Loads the pixels as the document's picture; `pixels` holds width x height words.
+/// Makes the pixels the document's only picture; `pixels` holds width x height words. Any size will do, also
+/// those that can only come from scaling.
 inline void loadPicture(ImageDocument& document, const std::vector<Argb>& pixels, int width, int height) {
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(pixels.data());
-    document.loadPixels(std::span<const std::uint8_t>(bytes, pixels.size() * sizeof(Argb)), width, height);
+    PixelSurface surface = PixelSurface::create(width, height);
+    std::copy(pixels.begin(), pixels.end(), surface.overwrite().pixels);
+    document.clearDocument();
+    document.history.start(std::move(surface));
+    document.view.showLoadedImage(document.size());
 }
 
 inline std::vector<Argb> pictureOf(const ImageDocument& document) {
