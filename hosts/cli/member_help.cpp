@@ -138,7 +138,6 @@ std::string explained(const Member& member) {
         facts.push_back({"Redraw", "", redrawText(member.rule.refresh)});
     }
     facts.push_back({"Dispatch identifier", "", identifier});
-    if (!member.isImplemented()) facts.push_back({"Not yet", "", "the operation behind it is still to come"});
 
     const auto parameters = member.isMethod() ? parameterRows(member) : std::vector<Row>();
     return formOf(member) + "\n\n    " + member.help + "\n\n" + aligned(parameters) +
@@ -175,8 +174,7 @@ std::string signatureOf(const Member& member) {
 std::string membersPage() {
     std::string page;
     for (const Member& member : memberTable()) {
-        page += padded(signatureOf(member), kSignatureColumn) + " " + member.help +
-                (member.isImplemented() ? "\n" : " (not yet)\n");
+        page += padded(signatureOf(member), kSignatureColumn) + " " + member.help + "\n";
     }
     return page;
 }

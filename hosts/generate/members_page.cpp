@@ -51,14 +51,14 @@ std::string methodRow(const Member& member) {
     for (int i = 0; i < member.parameterCount(); ++i) {
         text += "<br>`" + std::string(member.parameters[i].name) + "`: " + member.parameters[i].help;
     }
-    return text + (member.isImplemented() ? "" : " *(not yet)*") + " |\n";
+    return text + " |\n";
 }
 
 std::string propertyRow(const Member& member) {
     const bool canPut = member.kind == Member::Kind::Property;
     return "| " + hexId(member.id) + " | " + signature(member) + " | " + (canPut ? "get, put" : "get") +
-           " | " + member.help + (member.isImplemented() ? "" : " *(not yet)*") + " | " + member.range +
-           " | " + (canPut ? redraws(member.rule.refresh) : "") + " |\n";
+           " | " + member.help + " | " + member.range + " | " + (canPut ? redraws(member.rule.refresh) : "") +
+           " |\n";
 }
 
 }  // namespace
@@ -76,8 +76,7 @@ std::string membersPage() {
            "Made from the member table by `orvane_generate`; do not edit. The numbers are the dispatch "
            "identifiers, which\n"
            "hosts may store. No member fails: what it could not do shows in its result or as unchanged "
-           "state. Members marked\n"
-           "*(not yet)* succeed and do nothing.\n\n"
+           "state.\n\n"
            "## Methods\n\n| Id | Member | What it does |\n|---|---|---|\n" +
            methods +
            "\n## Properties\n\nA put outside the range is ignored, unless the range says otherwise.\n\n"

@@ -123,9 +123,6 @@ bool offers(const Member& member, InvokeKind kind) {
     return false;
 }
 
-/// What a member without its operation answers: false, or a null string or array.
-Value nothingOf(ValueType type) { return type == ValueType::Boolean ? Value(false) : Value(); }
-
 Value callMethod(VistrelControl& control, const Member& member, Arguments arguments) {
     std::array<Value, Member::kMaxParameters> fitted;
     bool converted = false;
@@ -160,9 +157,9 @@ DispatchResult checkArguments(const Member& member, InvokeKind kind, Arguments a
 Value run(VistrelControl& control, const Member& member, InvokeKind kind, Arguments arguments) {
     switch (kind) {
         case InvokeKind::Method:
-            return member.call != nullptr ? callMethod(control, member, arguments) : nothingOf(member.type);
+            return callMethod(control, member, arguments);
         case InvokeKind::Get:
-            return member.get != nullptr ? member.get(control) : nothingOf(member.type);
+            return member.get(control);
         case InvokeKind::Put: {
             Value converted;
             const Value* value = nullptr;
@@ -173,6 +170,9 @@ Value run(VistrelControl& control, const Member& member, InvokeKind kind, Argume
     }
     return {};
 }
+
+/// What a call answers that there was no memory for: false, or a null string or array.
+Value nothingOf(ValueType type) { return type == ValueType::Boolean ? Value(false) : Value(); }
 
 }  // namespace
 

@@ -54,7 +54,7 @@ struct Member {
     const char* help = "";             ///< one line
     const char* range = "";            ///< a property's unit and range, in one phrase
     Parameter parameters[kMaxParameters] = {};
-    Value (*call)(VistrelControl&, Arguments) = nullptr;   ///< a method; null: it succeeds and does nothing
+    Value (*call)(VistrelControl&, Arguments) = nullptr;   ///< a method
     Value (*get)(const VistrelControl&) = nullptr;         ///< a property
     void (*put)(VistrelControl&, const Value&) = nullptr;  ///< a property that can be put
     PutRule rule = {};
@@ -65,10 +65,6 @@ struct Member {
         return count;
     }
     [[nodiscard]] constexpr bool isMethod() const { return kind == Kind::Method; }
-    /// Whether the operation behind the member exists yet.
-    [[nodiscard]] constexpr bool isImplemented() const {
-        return isMethod() ? call != nullptr : get != nullptr;
-    }
 };
 
 }  // namespace orvane

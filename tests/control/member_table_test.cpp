@@ -36,6 +36,7 @@ TEST(MemberTable, HasEveryMemberOnceAndInOrder) {
 
 TEST(MemberTable, EveryRowIsFitToBeShown) {
     for (const Member& member : memberTable()) {
+        EXPECT_TRUE(member.isMethod() ? member.call != nullptr : member.get != nullptr) << member.name;
         const std::string help = member.help;
         EXPECT_FALSE(help.empty()) << member.name;
         EXPECT_EQ(help.back(), '.') << member.name;

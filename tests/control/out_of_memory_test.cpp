@@ -25,8 +25,8 @@ std::vector<Command> script(const std::u16string& folder) {
     std::vector<Command> commands = {{"NewImage", {96, 72}}};
     for (const Member& member : memberTable()) {
         const std::string name = member.name;
-        if (!member.isMethod() || !member.isImplemented() || name == "NewImage" || name == "Empty" ||
-            name == "LoadImage" || name == "SaveImage" || name == "LoadFromImageArray") {
+        if (!member.isMethod() || name == "NewImage" || name == "Empty" || name == "LoadImage" ||
+            name == "SaveImage" || name == "LoadFromImageArray") {
             continue;
         }
         Command command{member.name, {}};

@@ -111,5 +111,81 @@ TEST_F(Gestures, LeaveHistoryModeCursorCaptureAndTimerRight) {
     }
 }
 
+// What the panels and the placed boxes leave behind, and which events they fire. The picture of 200 x 100 is
+// shown at (151, 101) here.
+TEST_F(Gestures, TurnCropSelectAndScroll) {
+    const struct {
+        const char* name;
+        Arguments line;
+        std::string out;
+    } rows[] = {
+        {"crop",
+         {"NewImage", "200", "100", "PaintStatus=17", "@drag", "181", "121", "220", "150", "@end", "@move",
+          "181", "121", "@state", "Accept", "ImageWidth?", "ImageHeight?", "UndoEnable?"},
+         "cursor: 3\ncaptured: true\ntimer: false\npresents: 4\nImageWidth: 40\nImageHeight: 30\n"
+         "UndoEnable: true\n"},
+        {"selection",
+         {"NewImage",
+          "200",
+          "100",
+          "PaintStatus=18",
+          "CopyCutAvailable?",
+          "@drag",
+          "181",
+          "121",
+          "220",
+          "150",
+          "@end",
+          "CopyCutAvailable?",
+          "@tick",
+          "3",
+          "Copy",
+          "UndoEnable?",
+          "Cut",
+          "UndoEnable?",
+          "CopyCutAvailable?",
+          "Paste",
+          "PaintStatus?",
+          "@state",
+          "IsClipboardAvailable?"},
+         "CopyCutAvailable: false\nCopyCutAvailable: true\nUndoEnable: false\nUndoEnable: true\n"
+         "CopyCutAvailable: false\nPaintStatus: 16\ncursor: 0\ncaptured: false\ntimer: false\npresents: 8\n"
+         "IsClipboardAvailable: true\n"},
+        {"red-eye",
+         {"NewImage", "200", "100", "PaintStatus=19", "@drag", "181", "121", "220", "150", "@end",
+          "UndoEnable?", "@state"},
+         "UndoEnable: true\ncursor: 0\ncaptured: false\ntimer: false\npresents: 4\n"},
+        {"text",
+         {"NewImage", "200",  "100",    "DrawString", "Lake", "PaintStatus?", "@move",
+          "160",      "110",  "@state", "@drag",      "110",  "110",          "150",
+          "130",      "@end", "Accept", "Accept",     "Undo", "UndoEnable?"},
+         "PaintStatus: 14\ncursor: 5\ncaptured: true\ntimer: false\npresents: 2\nUndoEnable: false\n"},
+        {"rotation, cancelled",
+         {"NewImage",   "200", "100", "PaintStatus=20", "@press", "220", "262",
+          "@move",      "0",   "0",   "@release",       "0",      "0",   "UndoEnable?",
+          "@press",     "440", "260", "@release",       "440",    "260", "PaintStatus?",
+          "UndoEnable?"},
+         "UndoEnable: false\nevent OnHitCancelRotate\nPaintStatus: 0\nUndoEnable: false\n"},
+        {"rotation, applied",
+         {"NewImage",    "200",        "100",      "PaintStatus=20",
+          "@press",      "220",        "262",      "@move",
+          "400",         "0",          "@release", "0",
+          "0",           "@press",     "370",      "260",
+          "@release",    "370",        "260",      "PaintStatus?",
+          "ImageWidth?", "UndoEnable?"},
+         "event OnHitApplyRotate\nPaintStatus: 0\nImageWidth: 200\nUndoEnable: true\n"},
+        {"scroll window",
+         {"@size", "300", "200", "NewImage", "400", "200", "ScrollWindowVisible?", "@press", "285", "105",
+          "ScrollWindowVisible?", "@release", "285", "105", "ScrollWindowVisible?"},
+         "ScrollWindowVisible: true\nevent OnHitCloseScrollWindow\nScrollWindowVisible: true\n"
+         "ScrollWindowVisible: false\n"},
+    };
+    for (const auto& row : rows) {
+        const ProgramResult result = run(joined({"@size", "500", "300"}, row.line));
+        EXPECT_EQ(result.out, row.out) << row.name << result.err;
+        EXPECT_EQ(result.status, 0) << row.name;
+    }
+}
+
 }  // namespace
 }  // namespace orvane

@@ -111,18 +111,6 @@ TEST_F(CommandLine, NamesTheLineAndWordOfAStepFile) {
     EXPECT_THAT(run({"-f", "open.txt", "8"}).err, HasSubstr("open.txt:1:1"));
 }
 
-TEST_F(CommandLine, WhatIsNotThereYetIsRefusedRatherThanSkipped) {
-    const std::string members = run({"members"}).out;
-    const std::size_t mark = members.find(" (not yet)\n");
-    if (mark == std::string::npos) GTEST_SKIP() << "every member is there";
-    const std::size_t line = members.rfind('\n', mark) + 1;
-    const std::string name = members.substr(line, members.find_first_of(" =?", line) - line);
-    const ProgramResult result = run({name});
-    EXPECT_EQ(result.status, 2);
-    EXPECT_THAT(result.err, HasSubstr("\"" + name + "\" is not there yet"));
-    EXPECT_THAT(run({"help", name}).out, HasSubstr("Not yet"));
-}
-
 TEST_F(CommandLine, HelpComesFromTheMemberTable) {
     EXPECT_THAT(run({}).out, HasSubstr("usage: orvane STEP..."));
     EXPECT_EQ(run({}).out, run({"--help"}).out);
