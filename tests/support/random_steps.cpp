@@ -27,7 +27,9 @@ std::int32_t number(FuzzInput& data) {
 /// Sides stay small so that a run is quick, apart from those that must be refused.
 std::int32_t side(FuzzInput& data) {
     constexpr std::int32_t kRefused[] = {-1, 0, 1, 3, 2147483647};
-    return data.inRange(0, 9) == 0 ? data.pick(kRefused) : data.inRange(2, 48);
+    const int kind = data.inRange(0, 9);
+    // A few are larger than the window, which then scrolls.
+    return kind == 0 ? data.pick(kRefused) : kind == 1 ? data.inRange(100, 260) : data.inRange(2, 48);
 }
 
 std::u16string path(FuzzInput& data) {
@@ -98,18 +100,29 @@ RandomSteps::RandomSteps() : window(kFirstWidth, kFirstHeight), control(&window,
 }
 
 void RandomSteps::step(FuzzInput& data) {
-    if (data.flag()) {
-        sendMessage(data);
-    } else {
-        callMember(data);
+    // Without a picture, hardly anything happens.
+    if (control.document.isEmpty() && data.inRange(0, 3) != 0) {
+        return call("NewImage", InvokeKind::Method, {side(data), side(data)});
     }
+    const int kind = data.inRange(0, 15);
+    if (kind == 0) return call("PaintStatus", InvokeKind::Put, {data.inRange(0, 21)});
+    if (kind == 1) return call("Accept", InvokeKind::Method, {});
+    if (kind <= 10) return sendMessage(data);
+    callMember(data);
+}
+
+void RandomSteps::call(const char* name, InvokeKind kind, std::initializer_list<Value> arguments) {
+    Value result;
+    invoke(control, *findMember(name), kind, {arguments.begin(), arguments.size()}, &result);
 }
 
 void RandomSteps::callMember(FuzzInput& data) {
     const auto table = memberTable();
     const Member& member = table[std::size_t(data.inRange(0, int(table.size()) - 1))];
-    // Without a picture and without the time to draw on it, a walk would see little.
-    if (isNamed(member, "Empty") && data.inRange(0, 3) != 0) return;
+    // A picture that goes at once is not drawn on.
+    const bool replacesPicture = isNamed(member, "Empty") || isNamed(member, "LoadImage") ||
+                                 isNamed(member, "LoadFromImageArray") || isNamed(member, "NewImage");
+    if (replacesPicture && data.inRange(0, 7) != 0) return;
     std::vector<Value> arguments;
     InvokeKind kind = InvokeKind::Get;
     if (member.isMethod()) {
@@ -152,10 +165,6 @@ void RandomSteps::sendMessage(FuzzInput& data) {
 }
 
 void RandomSteps::onEvent(EventId, std::span<const Value>) {
-    const auto call = [this](const char* name, InvokeKind kind, std::initializer_list<Value> arguments) {
-        Value result;
-        invoke(control, *findMember(name), kind, {arguments.begin(), arguments.size()}, &result);
-    };
     switch (++eventsHeard_ % 8) {
         case 1:
             return call("Undo", InvokeKind::Method, {});

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 
+#include <orvane/dispatch_types.h>
 #include <orvane/event_sink.h>
 #include <orvane/headless_clipboard.h>
 #include <orvane/headless_window.h>
@@ -28,6 +30,7 @@ class RandomSteps final : private EventSink {
 
  private:
     void onEvent(EventId event, std::span<const Value> arguments) override;
+    void call(const char* member, InvokeKind kind, std::initializer_list<Value> arguments);
     void callMember(FuzzInput& data);
     void sendMessage(FuzzInput& data);
 
