@@ -25,8 +25,8 @@ class FrameTool : public PaintTool {
     /// Whether a frame is being laid out.
     [[nodiscard]] bool awaitsSecondPoint() const noexcept override { return !placed && holdsFrame(); }
 
-    /// Whether there are no corners at all. All that is shown may be selected with a corner outside the window;
-    /// only a frame without such is one for the mouse.
+    /// Whether there are no corners at all. All that is shown may be selected with a corner outside the
+    /// window; only a frame without such is one for the mouse.
     [[nodiscard]] bool isUnset() const noexcept { return corner1 == kUnsetPoint && corner2 == kUnsetPoint; }
     [[nodiscard]] bool holdsFrame() const noexcept { return corner1.x >= 0 && corner1.y >= 0; }
     /// The frame with its corners in order: from the first one up to, and without, the second.

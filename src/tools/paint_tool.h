@@ -45,7 +45,8 @@ class PaintTool {
 
     /// The cursor over this point while no button is held.
     [[nodiscard]] virtual CursorId HitCursor(IntPoint /*mouse*/) const noexcept { return CursorId::Arrow; }
-    /// Whether the next press starts a new figure, whose drag is followed outside the window too.
+    /// Asked after a press: whether a new figure is being laid out, whose drag is followed outside the window
+    /// too.
     [[nodiscard]] virtual bool awaitsSecondPoint() const noexcept { return false; }
     /// Adds a point to a stroke; answers whether the stroke changed.
     virtual bool AppendPoint(IntPoint /*point*/) noexcept { return false; }

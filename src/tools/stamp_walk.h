@@ -2,7 +2,7 @@
 
 #include <orvane/geometry.h>
 
-#include "filters/kernels/digital_ray.h"
+#include "base/digital_ray.h"
 
 namespace orvane {
 

@@ -4,7 +4,7 @@
 
 #include <climits>
 
-#include "filters/kernels/digital_ray.h"
+#include "base/digital_ray.h"
 #include "filters/motion_pictures.h"
 #include "filters/motion_reference.h"
 #include "support/every_target.h"

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "filters/kernels/digital_ray.h"
+#include "base/digital_ray.h"
 
 namespace orvane {
 namespace {

@@ -8,7 +8,7 @@
 #include <cstring>
 #include <vector>
 
-#include "filters/kernels/digital_ray.h"
+#include "base/digital_ray.h"
 #include "filters/kernels/long_ray_means.h"
 #include "filters/kernels/pixel_sums-inl.h"
 #include "filters/kernels/scratch.h"
