@@ -11,6 +11,7 @@ constexpr double kOverlap = 1.0 / 1024;   // a crossing that does not reach furt
 constexpr std::size_t kRowEffort = 4096;  // places looked at in a row before it is sampled
 constexpr double kSamplesPerRow = 16;
 constexpr std::size_t kFewNewcomers = 64, kLikelyPredecessors = 16;
+constexpr std::size_t kMostChains = 32, kMostLinks = 256;  // of a simple row
 
 bool precedes(const SweepEdge* a, const SweepEdge* b) {
     return std::abs(a->x - b->x) > kSameX ? a->x < b->x : a->slope < b->slope;
@@ -25,6 +26,8 @@ Sweep::Sweep(std::vector<SweepEdge>& edges, FillRule rule, int width) : rule_(ru
     order_.reserve(edges.size());
     ended_.reserve(edges.size());
     events_.reserve(4 * edges.size() + 256);
+    chains_.reserve(kMostChains);
+    links_.reserve(kMostLinks);
 }
 
 void Sweep::run(CoverageSink& sink) noexcept {
@@ -41,6 +44,8 @@ void Sweep::run(CoverageSink& sink) noexcept {
 }
 
 void Sweep::fillRow(double top, double bottom) noexcept {
+    reorder(top, admit(top));
+    if (fillSimpleRow(top, bottom)) return;
     beginRow(top, bottom);
     for (double y = nextEvent(); y < bottom; y = nextEvent()) {
         if (effort_ > kRowEffort) return sampleRow(y, bottom);
@@ -49,12 +54,71 @@ void Sweep::fillRow(double top, double bottom) noexcept {
     settleAll(bottom);
 }
 
+// Nothing has been entered or moved when the answer is no.
+bool Sweep::fillSimpleRow(double top, double bottom) noexcept {
+    if (order_.size() > kMostChains || !buildChains(top, bottom)) return false;
+    enterChains(top, bottom);
+    next_ += links_.size() - chains_.size();
+    return true;
+}
+
+// Outlines must reach from the row's top to its bottom, and none may come near its neighbour.
+bool Sweep::buildChains(double top, double bottom) noexcept {
+    chains_.clear();
+    links_.clear();
+    for (SweepEdge* edge : order_) {
+        const double x = edge->x, end = edge->xAt(std::min(edge->bottom, bottom));
+        links_.push_back({edge, std::uint32_t(chains_.size())});
+        chains_.push_back({edge, std::min(x, end), std::max(x, end)});
+    }
+    for (std::size_t i = next_; i < starts_.size() && starts_[i].top < bottom; ++i) {
+        if (links_.size() == kMostLinks || !addLink(*starts_[i].edge, bottom)) return false;
+    }
+    for (std::size_t i = 0; i < chains_.size(); ++i) {
+        if (chains_[i].edge->bottom < bottom) return false;
+        if (i > 0 && chains_[i].leftX < chains_[i - 1].rightX) return false;
+    }
+    return top < bottom;
+}
+
+bool Sweep::addLink(SweepEdge& edge, double bottom) noexcept {
+    for (std::size_t i = 0; i < chains_.size(); ++i) {
+        Chain& chain = chains_[i];
+        const SweepEdge& last = *chain.edge;
+        if (last.bottom != edge.top || last.bottomX != edge.topX || last.winding != edge.winding) continue;
+        const double end = edge.xAt(std::min(edge.bottom, bottom));
+        chain = {&edge, std::min(chain.leftX, end), std::max(chain.rightX, end)};
+        links_.push_back({&edge, std::uint32_t(i)});
+        return true;
+    }
+    return false;
+}
+
+void Sweep::enterChains(double top, double bottom) noexcept {
+    int winding = 0;
+    for (std::size_t i = 0; i < chains_.size(); ++i) {
+        SweepEdge& edge = *order_[i];
+        const int before = winding;
+        winding += edge.winding;
+        edge.side = (isInside(winding) ? 1 : 0) - (isInside(before) ? 1 : 0);
+    }
+    for (const Link& link : links_) {
+        const SweepEdge& edge = *link.edge;
+        const int side = order_[link.chain]->side;
+        const double from = std::max(edge.top, top), to = std::min(edge.bottom, bottom);
+        if (side != 0) row_.add(edge.xAt(from), edge.xAt(to), side * (to - from));
+    }
+    for (std::size_t i = 0; i < chains_.size(); ++i) {
+        order_[i] = chains_[i].edge;
+        order_[i]->since = bottom;
+    }
+}
+
 void Sweep::beginRow(double top, double bottom) noexcept {
     rowBottom_ = bottom;
     effort_ = 0;
     events_.clear();
     for (SweepEdge* edge : order_) edge->since = top;
-    reorder(top, admit(top));
     for (SweepEdge* edge : order_) foreseeEnd(*edge);
     change(0, order_.size());
     assignSides(top);

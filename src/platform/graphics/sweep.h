@@ -40,6 +40,9 @@ struct SweepEdge {
 /// Inside a row it stops where an edge begins or ends and where two neighbours cross, so that the coverage is
 /// the area itself. Only what is next to such an event is looked at again. A row of very many events is
 /// sampled at sixteen heights instead.
+///
+/// Most rows need none of this: the outlines cross them one beside the other, each as a chain of edges that
+/// follow one another down. Then the sides are known at once, and every edge is entered as it is.
 class Sweep {
  public:
     /// The edges must stay where they are. Throws std::bad_alloc; the sweep itself does not.
@@ -62,7 +65,23 @@ class Sweep {
         }  // the heap's top is first
     };
 
+    /// An outline's way through the row: the edge that goes down from the last one's end, and how far to
+    /// either side all of them reach.
+    struct Chain {
+        SweepEdge* edge;
+        double leftX, rightX;
+    };
+    /// A part of a chain.
+    struct Link {
+        SweepEdge* edge;
+        std::uint32_t chain;
+    };
+
     void fillRow(double top, double bottom) noexcept;
+    [[nodiscard]] bool fillSimpleRow(double top, double bottom) noexcept;
+    [[nodiscard]] bool buildChains(double top, double bottom) noexcept;
+    [[nodiscard]] bool addLink(SweepEdge& edge, double bottom) noexcept;
+    void enterChains(double top, double bottom) noexcept;
     void beginRow(double top, double bottom) noexcept;
     void sampleRow(double top, double bottom) noexcept;
 
@@ -94,6 +113,8 @@ class Sweep {
     std::vector<SweepEdge*> order_;
     std::vector<SweepEdge*> ended_;  ///< at this height, and still in order
     std::vector<Event> events_;      ///< a heap: what is to come in this row
+    std::vector<Chain> chains_;      ///< of a simple row, from left to right, as in order_
+    std::vector<Link> links_;
     double rowBottom_ = 0;
     std::size_t changedFirst_ = 0, changedEnd_ = 0;  ///< places to be looked at again
     std::size_t effort_ = 0;
