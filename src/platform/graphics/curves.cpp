@@ -7,8 +7,9 @@
 namespace orvane {
 namespace {
 
-constexpr double kTolerance = 0.005;  // pixels between a curve and its chords
-constexpr double kMostSteps = 64;     // a curve that needs more is halved first, if it is visible
+constexpr double kTolerance = 0.004;  // pixels between a curve and its chords
+constexpr double kMostSteps = 16;     // a curve that may need more is halved first, if it is visible
+constexpr double kMostInvisibleSteps = 64;
 constexpr int kDeepest = 40;
 constexpr double kQuarterTurn = 1.57079632679489661923;
 
@@ -34,8 +35,19 @@ struct CurvePoint {
 struct Cubic {
     PlanePoint c[4];
 
+    [[nodiscard]] PlanePoint bendAtStart() const { return (c[0] - c[1] * 2 + c[2]) * 6; }
+    [[nodiscard]] PlanePoint bendAtEnd() const { return (c[1] - c[2] * 2 + c[3]) * 6; }
+    [[nodiscard]] double mostStepsNeeded() const {
+        return stepsForBend(std::max(length(bendAtStart()), length(bendAtEnd())));
+    }
+    // Of the second derivative only the part across the way leads off a chord, unless the curve turns back.
     [[nodiscard]] double stepsNeeded() const {
-        return stepsForBend(6 * std::max(length(c[0] - c[1] * 2 + c[2]), length(c[1] - c[2] * 2 + c[3])));
+        const PlanePoint start = unit(c[1] - c[0]), end = unit(c[3] - c[2]);
+        const PlanePoint centre = unit(c[3] + c[2] - c[1] - c[0]);
+        if (dot(start, centre) < 0.5 || dot(centre, end) < 0.5) return mostStepsNeeded();
+        const PlanePoint first = bendAtStart(), last = bendAtEnd();
+        return stepsForBend(std::max({std::abs(cross(start, first)), std::abs(cross(end, last)),
+                                      std::abs(cross(centre, middle(first, last)))}));
     }
     [[nodiscard]] bool touches(const PlaneBox& box) const { return boundsOf(c).touches(box); }
 
@@ -64,9 +76,21 @@ struct QuarterArc {
     const PlaneEllipse& ellipse;
     double from, to;
 
+    [[nodiscard]] double mostStepsNeeded() const {
+        return stepsForAcross(std::max(ellipse.radiusX, ellipse.radiusY));
+    }
+    // Across the way the second derivative grows towards the end of the longer axis.
     [[nodiscard]] double stepsNeeded() const {
+        const double product = ellipse.radiusX * ellipse.radiusY;
+        return stepsForAcross(product / std::min(speedAt(from), speedAt(to)));
+    }
+    [[nodiscard]] double stepsForAcross(double bend) const {
         const double angle = (to - from) * kQuarterTurn;
-        return stepsForBend(std::max(ellipse.radiusX, ellipse.radiusY) * angle * angle);
+        return stepsForBend(bend * angle * angle);
+    }
+    [[nodiscard]] double speedAt(double quarters) const {
+        const double angle = quarters * kQuarterTurn;
+        return length({std::sin(angle) * ellipse.radiusX, std::cos(angle) * ellipse.radiusY});
     }
     [[nodiscard]] bool touches(const PlaneBox& box) const {
         const PlanePoint ends[] = {at(0).position, at(1).position};
@@ -89,13 +113,13 @@ struct QuarterArc {
 template <class Curve>
 void follow(Path& path, const Curve& curve, const PlaneBox& visible, int depth = 0) {
     const bool isVisible = curve.touches(visible);
-    double steps = curve.stepsNeeded();
-    if (isVisible && steps > kMostSteps && depth < kDeepest) {
+    if (isVisible && curve.mostStepsNeeded() > kMostSteps && depth < kDeepest) {
         follow(path, curve.firstHalf(), visible, depth + 1);
         follow(path, curve.secondHalf(), visible, depth + 1);
         return;
     }
-    steps = std::min(steps, kMostSteps);
+    const double steps =
+        isVisible ? curve.stepsNeeded() : std::min(curve.mostStepsNeeded(), kMostInvisibleSteps);
     for (double i = 1; i <= steps; ++i) {
         const CurvePoint p = curve.at(i / steps);
         path.curveTo(p.position, p.direction);

@@ -2,6 +2,7 @@
 
 #include <orvane/geometry.h>
 
+#include <cstddef>
 #include <vector>
 
 #include "platform/graphics/plane.h"
@@ -20,6 +21,9 @@ class AreaFiller {
     explicit AreaFiller(IntSize raster) : raster_(raster) {}
 
     [[nodiscard]] IntSize raster() const noexcept { return raster_; }
+
+    /// Makes room for so many edges at once. Throws std::bad_alloc.
+    void expect(std::size_t edges) { edges_.reserve(edges); }
 
     /// Any finite coordinates. Throws std::bad_alloc.
     void addEdge(PlanePoint from, PlanePoint to);

@@ -42,6 +42,7 @@ void area(MutablePixelView target, const Brush& brush, const MakePath& makePath)
         AreaFiller filler({target.width, target.height});
         const Path path = makePath(PathBuilder(0, raster));
         const auto& points = path.points;
+        filler.expect(points.size());
         for (std::size_t i = 0; i < points.size(); ++i) {
             filler.addEdge(points[i].position, points[i + 1 < points.size() ? i + 1 : 0].position);
         }

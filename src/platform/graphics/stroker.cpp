@@ -14,6 +14,7 @@ constexpr double kTolerance = 0.005;  // pixels between a rounded wedge and its 
 constexpr double kMostWedgeSteps = 1000;
 constexpr double kWidestPen = 65536;
 constexpr double kNoLength = 1e-9;
+constexpr std::size_t kMostExpected = 4096;  // edges; of more, most may be out of sight
 
 /// A straight piece of the path. At its ends the pen stands across the directions given there: those of the
 /// curve that the line is a chord of, or the line's own.
@@ -99,6 +100,7 @@ void Stroker::stroke(const Path& path) {
     const auto& points = path.points;
     if (points.size() < 2) return;
     const std::size_t lines = points.size() - (path.closed ? 0 : 1);
+    filler_.expect(std::min(2 * lines + 2, kMostExpected));
     StrokedLine first, previous;
     for (std::size_t i = 0; i < lines; ++i) {
         const PathPoint& to = points[i + 1 < points.size() ? i + 1 : 0];

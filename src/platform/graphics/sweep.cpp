@@ -25,7 +25,7 @@ Sweep::Sweep(std::vector<SweepEdge>& edges, FillRule rule, int width) : rule_(ru
     std::sort(starts_.begin(), starts_.end(), [](const Start& a, const Start& b) { return a.top < b.top; });
     order_.reserve(edges.size());
     ended_.reserve(edges.size());
-    events_.reserve(4 * edges.size() + 256);
+    events_.reserve(std::min(4 * edges.size(), kRowEffort) + 256);
     chains_.reserve(kMostChains);
     links_.reserve(kMostLinks);
 }
