@@ -13,8 +13,7 @@ enum class CursorId : int {
     SizeNorthwestSoutheast = 3,
     SizeNortheastSouthwest = 4,
     Move = 5,
-    Handle =
-        6,  ///< over a grab handle or vertex; this one and the next three are pictures of the control's own
+    Handle = 6,  ///< over a grab handle or vertex; for this one and the next three see cursorPicture
     Brush = 7,   ///< modes 12 and 15
     Pencil = 8,  ///< mode 3
     Spray = 9,   ///< mode 7
