@@ -2,16 +2,19 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 
 namespace orvane {
 namespace {
 
-std::uint8_t coverageOf(float sum) { return std::uint8_t(std::clamp(sum, 0.0f, 1.0f) * 255.0f + 0.5f); }
+constexpr int kFractionBits = 24;
+constexpr std::int32_t kWhole = 1 << kFractionBits;
+constexpr std::int32_t kNoise = 64;  // what sums may lack: pixels that are half covered by design round up
 
-float sumUp(float* values, int count, float sum) {
-    for (int i = 0; i < count; ++i) values[i] = sum += values[i];
-    return sum;
+std::int32_t fixed(double value) { return std::int32_t(value * kWhole); }
+
+std::uint8_t coverageOf(std::uint32_t sum) {
+    const auto share = std::uint32_t(std::clamp(std::int32_t(sum), 0, kWhole));
+    return std::uint8_t((share * 255 + kWhole / 2 + 255 * kNoise) >> kFractionBits);
 }
 
 }  // namespace
@@ -42,26 +45,46 @@ int CoverageRow::nextTouched(int block) const noexcept {
 }
 
 // Of the pixel in which the edge lies the area right of it is a part, of all following pixels the whole
-// height.
-void CoverageRow::addInPixel(double fromX, double toX, double height, int pixel) noexcept {
-    const double toTheLeft = height * ((fromX + toX) * 0.5 - pixel);
-    differences_[std::size_t(pixel)] += float(height - toTheLeft);
-    differences_[std::size_t(pixel) + 1] += float(toTheLeft);
+// height. `across` is where in the pixel the edge lies on an average.
+void CoverageRow::addInPixel(double across, std::uint32_t height, int pixel) noexcept {
+    const auto toTheLeft = std::uint32_t(std::int32_t(std::int32_t(height) * across));
+    differences_[std::size_t(pixel)] += height - toTheLeft;
+    differences_[std::size_t(pixel) + 1] += toTheLeft;
 }
 
 void CoverageRow::add(double fromX, double toX, double height) noexcept {
     if (toX < fromX) std::swap(fromX, toX);
     const int first = int(fromX), last = int(toX);
     touch(first, last + 1);
-    if (first == last || toX - fromX < 1e-9) return addInPixel(fromX, toX, height, first);
+    const auto total = std::uint32_t(fixed(height));
+    if (first == last || toX - fromX < 1e-9) return addInPixel((fromX + toX) * 0.5 - first, total, first);
     const double perPixel = height / (toX - fromX);
-    addInPixel(fromX, first + 1, perPixel * (first + 1 - fromX), first);
-    for (int pixel = first + 1; pixel < last; ++pixel) addInPixel(pixel, pixel + 1, perPixel, pixel);
-    if (toX > last) addInPixel(last, toX, perPixel * (toX - last), last);
+    const auto begin = std::uint32_t(fixed(perPixel * (first + 1 - fromX)));
+    addInPixel((fromX - first + 1) * 0.5, begin, first);
+    const int between = last - first - 1;
+    const std::int32_t each = between > 0 ? fixed(perPixel) : 0, half = each / 2;
+    for (int pixel = first + 1; pixel < last; ++pixel) {
+        differences_[std::size_t(pixel)] += std::uint32_t(each - half);
+        differences_[std::size_t(pixel) + 1] += std::uint32_t(half);
+    }
+    // The rest, so that nothing is lost by rounding.
+    addInPixel((toX - last) * 0.5, total - begin - std::uint32_t(each) * std::uint32_t(between), last);
+}
+
+// One pass, and integers, because every sum waits for the one before.
+std::uint32_t CoverageRow::coverTouched(int x, int end, std::uint32_t sum) noexcept {
+    std::uint32_t* const differences = differences_.data();
+    std::uint8_t* const coverages = coverages_.data();
+    for (; x < end; ++x) {
+        sum += differences[x];
+        differences[x] = 0;
+        coverages[x] = coverageOf(sum);
+    }
+    return sum;
 }
 
 void CoverageRow::handOut(int y, CoverageSink& sink) noexcept {
-    float sum = 0;
+    std::uint32_t sum = 0;
     int begun = nextTouched(0) * kBlock;  // coverages from here on are waiting to be handed out
     const auto handOutUntil = [&](int x) {
         if (begun < x) sink.paint(begun, y, &coverages_[std::size_t(begun)], x - begun);
@@ -71,10 +94,7 @@ void CoverageRow::handOut(int y, CoverageSink& sink) noexcept {
         next = touched ? block + 1 : nextTouched(block);
         const int x = block * kBlock, end = std::min(next * kBlock, width_);
         if (touched) {
-            sum = sumUp(&differences_[std::size_t(x)], end - x, sum);
-            std::transform(&differences_[std::size_t(x)], &differences_[std::size_t(x)] + (end - x),
-                           &coverages_[std::size_t(x)], coverageOf);
-            std::fill_n(&differences_[std::size_t(x)], end - x, 0.0f);
+            sum = coverTouched(x, end, sum);
             continue;
         }
         const std::uint8_t coverage = coverageOf(sum);

@@ -9,7 +9,8 @@
 /// Every edge stands for the area to its right: positive where the shape begins, negative where it ends. What
 /// is kept is the difference from each pixel to the next, so that an edge touches only the pixels that it
 /// crosses; a pass from left to right then makes coverages of them. Pixels far from every edge are handed out
-/// in runs, so a row costs as much as its edges, however wide the shape.
+/// in runs, so a row costs as much as its edges, however wide the shape. Sums are whole numbers, which come
+/// out the same wherever on the raster the shape lies.
 namespace orvane {
 
 /// Takes a shape's pixels row by row. What is not handed out is not covered.
@@ -37,13 +38,15 @@ class CoverageRow {
  private:
     static constexpr int kBlock = 16;  ///< pixels that share a mark of being touched by an edge
 
-    void addInPixel(double fromX, double toX, double height, int pixel) noexcept;
+    void addInPixel(double across, std::uint32_t height, int pixel) noexcept;
+    [[nodiscard]] std::uint32_t coverTouched(int x, int end, std::uint32_t sum) noexcept;
     void touch(int firstPixel, int lastPixel) noexcept;
     [[nodiscard]] bool isTouched(int block) const noexcept;
     [[nodiscard]] int nextTouched(int block) const noexcept;
 
     int width_, blocks_;
-    std::vector<float> differences_;  ///< one to spare at each end of the row
+    /// In 2^-24 of a pixel, negative ones modulo 2^32; two to spare at the row's end.
+    std::vector<std::uint32_t> differences_;
     std::vector<std::uint8_t> coverages_;
     std::vector<std::uint64_t> touched_;  ///< a bit for each block
 };

@@ -1,19 +1,40 @@
 #include "platform/graphics/paint.h"
 
+#include <hwy/cache_control.h>
+
 #include <algorithm>
 
 #include "platform/graphics/source_over.h"
 
 namespace orvane {
+namespace {
+
+bool hides(const Brush& brush) {
+    const auto* const solid = std::get_if<SolidBrush>(&brush);
+    const auto* const gradient = std::get_if<GradientBrush>(&brush);
+    if (gradient != nullptr) return alphaOf(gradient->from & gradient->to) == 255;
+    return solid != nullptr && alphaOf(solid->colour) == 255;
+}
+
+}  // namespace
 
 BrushPainter::BrushPainter(MutablePixelView target, const Brush& brush)
-    : target_(target), brush_(brush), solid_(std::get_if<SolidBrush>(&brush)) {
-    if (solid_ == nullptr || alphaOf(solid_->colour) < 255) {
+    : target_(target), brush_(brush), solid_(std::get_if<SolidBrush>(&brush)), opaque_(hides(brush)) {
+    if (solid_ == nullptr || !opaque_) {
         colours_.resize(std::size_t(target.width), solid_ == nullptr ? 0 : solid_->colour);
     }
 }
 
+// Rows lie too far apart in memory for hardware to foresee the next one, and shapes go on where they were.
+void BrushPainter::fetchBelow(int x, int y, int count) const noexcept {
+    constexpr int kAhead = 2, kPixelsPerLine = 16, kMost = 2048;
+    if (y + kAhead >= target_.height) return;
+    const Argb* const pixels = target_.row(y + kAhead) + x;
+    for (int i = 0; i < std::min(count, kMost); i += kPixelsPerLine) hwy::Prefetch(pixels + i);
+}
+
 void BrushPainter::paint(int x, int y, const std::uint8_t* coverage, int count) noexcept {
+    fetchBelow(x, y, count);
     Argb* const pixels = target_.row(y) + x;
     if (solid_ != nullptr) {
         sourceOverMasked(solid_->colour, coverage, pixels, std::size_t(count));
@@ -24,11 +45,9 @@ void BrushPainter::paint(int x, int y, const std::uint8_t* coverage, int count) 
 }
 
 void BrushPainter::paintWhole(int x, int y, int count) noexcept {
+    fetchBelow(x, y, count);
     Argb* const pixels = target_.row(y) + x;
-    if (solid_ != nullptr && alphaOf(solid_->colour) == 255) {
-        std::fill_n(pixels, count, solid_->colour);
-        return;
-    }
+    if (opaque_) return brushRow(brush_, x, y, std::size_t(count), pixels);
     if (solid_ == nullptr) brushRow(brush_, x, y, std::size_t(count), colours_.data());
     sourceOver(colours_.data(), pixels, pixels, std::size_t(count));
 }

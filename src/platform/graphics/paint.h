@@ -22,9 +22,12 @@ class BrushPainter final : public CoverageSink {
     void paintBlock(double left, double top, double right, double bottom) noexcept;
 
  private:
+    void fetchBelow(int x, int y, int count) const noexcept;
+
     MutablePixelView target_;
     const Brush& brush_;
     const SolidBrush* solid_;
+    bool opaque_;  ///< whether the brush hides what it covers wholly
     std::vector<Argb> colours_;  ///< one row of what the brush gives
 };
 
