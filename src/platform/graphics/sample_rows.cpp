@@ -2,6 +2,7 @@
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "platform/graphics/sample_rows.cpp"
+#include <hwy/cache_control.h>
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
@@ -30,12 +31,8 @@ class Walker {
         Sample sample;
         sample.weightX = weight(line_.x);
         sample.weightY = weight(line_.y);
-        line_.x += line_.stepX;
-        line_.y += line_.stepY;
-        // A negative number becomes a large one.
-        const bool isInside = std::uint32_t(x) < std::uint32_t(source_.width - 1) &&
-                              std::uint32_t(y) < std::uint32_t(source_.height - 1);
-        if (HWY_LIKELY(isInside)) {
+        advance(1);
+        if (HWY_LIKELY(isInside(x, y))) {
             sample.upper = source_.pixels + y * source_.stridePixels + x;
             sample.lower = sample.upper + source_.stridePixels;
         } else {
@@ -45,8 +42,28 @@ class Walker {
         }
         return sample;
     }
+    // Lets the cache have the pixel under the sample, and goes on by several.
+    HWY_INLINE void fetch(int samples) {
+        const auto x = std::int32_t(line_.x >> Line::kFractionBits);
+        const auto y = std::int32_t(line_.y >> Line::kFractionBits);
+        advance(samples);
+        if (HWY_LIKELY(isInside(x, y))) hwy::Prefetch(source_.pixels + y * source_.stridePixels + x);
+    }
 
  private:
+    // Beyond the last sample, and on the way to what is fetched, a position may wrap.
+    HWY_INLINE void advance(int samples) {
+        const auto sum = [&](std::int64_t position, std::int64_t step) {
+            return std::int64_t(std::uint64_t(position) + std::uint64_t(step) * std::uint64_t(samples));
+        };
+        line_.x = sum(line_.x, line_.stepX);
+        line_.y = sum(line_.y, line_.stepY);
+    }
+    // Whether the pixel and its right and lower neighbours exist. A negative number becomes a large one.
+    HWY_INLINE bool isInside(std::int32_t x, std::int32_t y) const {
+        return std::uint32_t(x) < std::uint32_t(source_.width - 1) &&
+               std::uint32_t(y) < std::uint32_t(source_.height - 1);
+    }
     static std::int16_t weight(std::int64_t position) {
         constexpr int kShift = Line::kFractionBits - Line::kWeightBits;
         return std::int16_t((position >> kShift) & ((1 << Line::kWeightBits) - 1));
@@ -123,8 +140,9 @@ HWY_INLINE void storeOne(const Sample& sample, Argb* target) {
 #endif
 }
 
-void SampleOpaque(const PixelView& source, const Line& line, std::size_t count, Argb* target) {
-    Walker walker(source, line);
+void SampleOpaque(const PixelView& source, const Line& line, const Line& ahead, std::size_t count,
+                  Argb* target) {
+    Walker walker(source, line), scout(source, ahead);
     Argb edge[4];
     std::size_t i = 0;
 #if HWY_TARGET != HWY_SCALAR
@@ -132,6 +150,7 @@ void SampleOpaque(const PixelView& source, const Line& line, std::size_t count, 
     for (; i + 2 <= count; i += 2) {
         const Sample first = walker.next(edge);
         const Sample second = walker.next(nextEdge);
+        scout.fetch(2);
         storeTwo(first, second, target + i);
     }
 #endif
@@ -159,12 +178,14 @@ HWY_INLINE hn::Vec<D> weighted(D d, const Argb* pixel, std::size_t channel, floa
 #endif
 }
 
-void SampleWeightedByAlpha(const PixelView& source, const Line& line, std::size_t count, float* sums) {
+void SampleWeightedByAlpha(const PixelView& source, const Line& line, const Line& ahead, std::size_t count,
+                           float* sums) {
     const hn::CappedTag<float, 4> d;
-    Walker walker(source, line);
+    Walker walker(source, line), scout(source, ahead);
     Argb edge[4];
     for (std::size_t i = 0; i < count; ++i) {
         const Sample sample = walker.next(edge);
+        scout.fetch(1);
         constexpr float kUnit = 1.0f / float(1 << Line::kWeightBits);
         const float right = float(sample.weightX) * kUnit, left = 1.0f - right;
         const float below = float(sample.weightY) * kUnit, above = 1.0f - below;
@@ -187,13 +208,14 @@ namespace orvane::sample_rows {
 HWY_EXPORT(SampleOpaque);
 HWY_EXPORT(SampleWeightedByAlpha);
 
-void sampleOpaque(const PixelView& source, const Line& line, std::size_t count, Argb* target) noexcept {
-    HWY_DYNAMIC_DISPATCH(SampleOpaque)(source, line, count, target);
+void sampleOpaque(const PixelView& source, const Line& line, const Line& ahead, std::size_t count,
+                  Argb* target) noexcept {
+    HWY_DYNAMIC_DISPATCH(SampleOpaque)(source, line, ahead, count, target);
 }
 
-void sampleWeightedByAlpha(const PixelView& source, const Line& line, std::size_t count,
+void sampleWeightedByAlpha(const PixelView& source, const Line& line, const Line& ahead, std::size_t count,
                            float* sums) noexcept {
-    HWY_DYNAMIC_DISPATCH(SampleWeightedByAlpha)(source, line, count, sums);
+    HWY_DYNAMIC_DISPATCH(SampleWeightedByAlpha)(source, line, ahead, count, sums);
 }
 
 }  // namespace orvane::sample_rows

@@ -20,11 +20,13 @@ struct Line {
 };
 
 /// Samples of a picture whose pixels are opaque, as rounded words: interpolated downwards in 1/128 levels,
-/// then sideways.
-void sampleOpaque(const PixelView& source, const Line& line, std::size_t count, Argb* target) noexcept;
+/// then sideways. `ahead` is a line that will be sampled soon, to be fetched meanwhile: hardware foresees
+/// rows of memory, but not lines across them.
+void sampleOpaque(const PixelView& source, const Line& line, const Line& ahead, std::size_t count,
+                  Argb* target) noexcept;
 
 /// Sums of the four weighted pixels, as stretch_sums::resolveWeightedByAlpha takes them.
-void sampleWeightedByAlpha(const PixelView& source, const Line& line, std::size_t count,
+void sampleWeightedByAlpha(const PixelView& source, const Line& line, const Line& ahead, std::size_t count,
                            float* sums) noexcept;
 
 }  // namespace orvane::sample_rows

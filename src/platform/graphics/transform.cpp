@@ -18,6 +18,9 @@ using sample_rows::Line;
 // cache for the next row, however steeply the rows run through the source.
 constexpr int kStrip = 256;
 
+// How many rows before they are needed pixels are fetched.
+constexpr int kRowsAhead = 8;
+
 constexpr double kFarthest = 1 << 30;
 
 std::int64_t fixedPoint(double value) noexcept {
@@ -66,12 +69,12 @@ bool isNear(const AffineMap& toSource, const IntRect& part) noexcept {
     return std::fabs(toSource.xx) < kFarthest && std::fabs(toSource.yx) < kFarthest;
 }
 
-void drawTranslucentRow(const StretchSource& source, const Line& line, int count, Argb* target,
-                        StretchMode mode) noexcept {
+void drawTranslucentRow(const StretchSource& source, const Line& line, const Line& ahead, int count,
+                        Argb* target, StretchMode mode) noexcept {
     alignas(64) float sums[kStrip * 4];
     Argb pixels[kStrip];
     const auto length = std::size_t(count);
-    sample_rows::sampleWeightedByAlpha(source.pixels, line, length, sums);
+    sample_rows::sampleWeightedByAlpha(source.pixels, line, ahead, length, sums);
     stretch_sums::resolveWeightedByAlpha(sums, 1.0f, length, pixels);
     if (mode == StretchMode::Over) {
         sourceOver(pixels, target, target, length);
@@ -98,11 +101,12 @@ void drawTransformed(const StretchSource& source, const AffineMap& toSource, Int
         const int count = std::min(kStrip, part.width - x);
         for (int y = 0; y < part.height; ++y) {
             const Line line = positions.lineFrom(part.x + x, part.y + y);
+            const Line ahead = positions.lineFrom(part.x + x, part.y + y + kRowsAhead);
             Argb* const row = target.row(visible.y + y) + visible.x + x;
             if (source.isOpaque) {
-                sample_rows::sampleOpaque(source.pixels, line, std::size_t(count), row);
+                sample_rows::sampleOpaque(source.pixels, line, ahead, std::size_t(count), row);
             } else {
-                drawTranslucentRow(source, line, count, row, mode);
+                drawTranslucentRow(source, line, ahead, count, row, mode);
             }
         }
     }

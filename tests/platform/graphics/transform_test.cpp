@@ -139,7 +139,7 @@ TEST(SampleRows, GiveTheSameWordsOnEveryMachine) {
         for (const Line& line : lines) {
             for (std::size_t count = 0; count <= 35; ++count) {
                 std::vector<Argb> row(count + 2, kGuard);
-                sample_rows::sampleOpaque(source.view(), line, count, row.data() + 1);
+                sample_rows::sampleOpaque(source.view(), line, line, count, row.data() + 1);
                 EXPECT_EQ(row.front(), kGuard);
                 EXPECT_EQ(row.back(), kGuard);
                 for (std::size_t i = 0; i < count; ++i) {
