@@ -116,6 +116,31 @@ void measureAt(Scene& scene, double zoom) {
     scene.endDrag();
 }
 
+// The whole picture, with its history step, into memory that has been used before.
+void measureCommit(ImageDocument& document) {
+    const PixelView pixels = document.currentPixels();
+    const IntSize size{pixels.width, pixels.height};
+    for (int i = 0; i < 2 * HistoryStack::kHistorySlots; ++i) applyRotation(document);
+    cv::Mat picture(size.height, size.width, CV_8UC4, const_cast<Argb*>(document.currentPixels().pixels)),
+        result;
+    for (const float angle : {-45.0f, 3.0f, 30.0f}) {
+        document.rotationAngle = angle;
+        const AffineMap map = turnedToPicture(size, angle, size);
+        const cv::Mat matrix = (cv::Mat_<double>(2, 3) << map.xx, map.xy, map.x0, map.yx, map.yy, map.y0);
+        const auto commit = [&] {
+            applyRotation(document);
+            document.undo();
+        };
+        printRatioRow(("commit, angle " + std::to_string(int(angle)) + " / turn").c_str(),
+                      measureRatio(commit,
+                                   [&] {
+                                       cv::warpAffine(picture, result, matrix, picture.size(),
+                                                      cv::INTER_LINEAR | cv::WARP_INVERSE_MAP);
+                                   },
+                                   {3, 3, 1.0}));
+    }
+}
+
 }  // namespace
 
 int main() {
@@ -125,4 +150,5 @@ int main() {
                 kView.height);
     printRatioHeader();
     for (const double zoom : {0.0, 0.5, 1.0, 2.144}) measureAt(scene, zoom);
+    measureCommit(scene.control.document);
 }
