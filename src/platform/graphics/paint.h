@@ -27,7 +27,7 @@ class BrushPainter final : public CoverageSink {
     MutablePixelView target_;
     const Brush& brush_;
     const SolidBrush* solid_;
-    bool opaque_;  ///< whether the brush hides what it covers wholly
+    bool opaque_;                ///< whether the brush hides what it covers wholly
     std::vector<Argb> colours_;  ///< one row of what the brush gives
 };
 
