@@ -32,6 +32,10 @@ void AreaFiller::addEdge(PlanePoint from, PlanePoint to) {
         return;
     }
 
+    const bool isInside =
+        from.y >= 0 && to.y <= height && std::min(from.x, to.x) >= 0 && std::max(from.x, to.x) <= width;
+    if (isInside) return addPiece(from.y, from.x, to.y, to.x, winding);
+
     const double slope = (to.x - from.x) / (to.y - from.y);
     const auto xAt = [&](double y) { return from.x + (y - from.y) * slope; };
     const auto yAt = [&](double x) { return from.y + (x - from.x) / slope; };

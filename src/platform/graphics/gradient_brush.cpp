@@ -36,8 +36,10 @@ void writeRun(const GradientBrush& brush, const Axis& axis, std::uint64_t start,
     const auto head = static_cast<std::size_t>(std::min<std::uint64_t>(length, untilWrap));
     const std::uint64_t firstAfterWrap = axis.descending ? axis.period - 1 : 0;
     colourRamp(brush.from, brush.to, start + axis.positionAt(axis.first), step, head, colours);
-    colourRamp(brush.from, brush.to, start + axis.positionAt(firstAfterWrap), step, length - head,
-               colours + head);
+    if (head < length) {
+        colourRamp(brush.from, brush.to, start + axis.positionAt(firstAfterWrap), step, length - head,
+                   colours + head);
+    }
     repeatRow(colours, length, count);
 }
 

@@ -1,7 +1,5 @@
 #include "platform/graphics/paint.h"
 
-#include <hwy/cache_control.h>
-
 #include <algorithm>
 
 #include "platform/graphics/source_over.h"
@@ -25,16 +23,7 @@ BrushPainter::BrushPainter(MutablePixelView target, const Brush& brush)
     }
 }
 
-// Rows lie too far apart in memory for hardware to foresee the next one, and shapes go on where they were.
-void BrushPainter::fetchBelow(int x, int y, int count) const noexcept {
-    constexpr int kAhead = 2, kPixelsPerLine = 16, kMost = 2048;
-    if (y + kAhead >= target_.height) return;
-    const Argb* const pixels = target_.row(y + kAhead) + x;
-    for (int i = 0; i < std::min(count, kMost); i += kPixelsPerLine) hwy::Prefetch(pixels + i);
-}
-
 void BrushPainter::paint(int x, int y, const std::uint8_t* coverage, int count) noexcept {
-    fetchBelow(x, y, count);
     Argb* const pixels = target_.row(y) + x;
     if (solid_ != nullptr) {
         sourceOverMasked(solid_->colour, coverage, pixels, std::size_t(count));
@@ -45,7 +34,6 @@ void BrushPainter::paint(int x, int y, const std::uint8_t* coverage, int count) 
 }
 
 void BrushPainter::paintWhole(int x, int y, int count) noexcept {
-    fetchBelow(x, y, count);
     Argb* const pixels = target_.row(y) + x;
     if (opaque_) return brushRow(brush_, x, y, std::size_t(count), pixels);
     if (solid_ == nullptr) brushRow(brush_, x, y, std::size_t(count), colours_.data());

@@ -22,8 +22,6 @@ class BrushPainter final : public CoverageSink {
     void paintBlock(double left, double top, double right, double bottom) noexcept;
 
  private:
-    void fetchBelow(int x, int y, int count) const noexcept;
-
     MutablePixelView target_;
     const Brush& brush_;
     const SolidBrush* solid_;
