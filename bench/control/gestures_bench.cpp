@@ -43,9 +43,15 @@ void clickVertices(VistrelControl& control) {
     control.onLeftDown(kCorner.x + kShape.width, kCorner.y + kShape.height);
 }
 
+constexpr int kStrokeLength = 500;
+
+IntPoint strokePoint(int i) { return {kCorner.x + i % 300, kCorner.y + i / 3}; }
+
 void startStroke(VistrelControl& control) {
-    control.onLeftDown(kCorner.x, kCorner.y);
-    for (int i = 0; i < 500; ++i) control.onMouseMove(kCorner.x + i % 300, kCorner.y + i / 3, kLeft);
+    for (int i = 0; i <= kStrokeLength; ++i) {
+        const IntPoint mouse = strokePoint(i);
+        i == 0 ? control.onLeftDown(mouse.x, mouse.y) : control.onMouseMove(mouse.x, mouse.y, kLeft);
+    }
 }
 
 const Gesture kGestures[] = {
@@ -77,15 +83,15 @@ void measure(VistrelControl& control, VistrelControl& plain, const std::string& 
     control.SetPaintStatus(gesture.mode);
     control.ResetAllTools();
     gesture.start(control);
+    const bool grows = gesture.start == startStroke;
     int count = 0;
     const auto move = [&] {
-        const IntPoint corner = nextCorner(count);
-        control.onMouseMove(corner.x, corner.y, kLeft);
+        const IntPoint mouse = grows ? strokePoint(kStrokeLength + ++count) : nextCorner(count);
+        control.onMouseMove(mouse.x, mouse.y, kLeft);
     };
     const auto refresh = [&] { plain.refresh(); };
     // Samples are long enough for each control to warm its own caches, and few where a stroke grows with
     // each move.
-    const bool grows = gesture.start == startStroke;
     const RatioEffort effort = grows ? RatioEffort{3, 5, 5.0} : RatioEffort{5, 5, 15.0};
     printRatioRow((where + gesture.name).c_str(), measureRatio(move, refresh, effort));
     control.onLeftUp(0, 0);
