@@ -7,8 +7,10 @@
 namespace orvane {
 namespace {
 
-constexpr double kTolerance = 0.004;  // pixels between a curve and its chords
-constexpr double kMostSteps = 16;     // a curve that may need more is halved first, if it is visible
+// How far a chord may lie from its curve. Where two chords meet they are moved out by half of that, so that
+// they cut the curve twice and miss it by half as much, to either side.
+constexpr double kSagitta = 0.0065;
+constexpr double kMostSteps = 16;  // a curve that may need more is halved first, if it is visible
 constexpr double kMostInvisibleSteps = 64;
 constexpr int kDeepest = 40;
 constexpr double kQuarterTurn = 1.57079632679489661923;
@@ -25,11 +27,12 @@ PlaneBox boundsOf(std::span<const PlanePoint> points) {
 // A chord over a part of the parameter that is 1 / n long misses the curve by at most an eighth of the second
 // derivative's largest size, divided by n squared.
 double stepsForBend(double secondDerivative) {
-    return std::max(1.0, std::ceil(std::sqrt(secondDerivative / (8 * kTolerance))));
+    return std::max(1.0, std::ceil(std::sqrt(secondDerivative / (8 * kSagitta))));
 }
 
 struct CurvePoint {
     PlanePoint position, direction;
+    PlanePoint bend;  ///< the second derivative
 };
 
 struct Cubic {
@@ -55,7 +58,7 @@ struct Cubic {
         const double s = 1 - t;
         const PlanePoint a = c[0] * s + c[1] * t, b = c[1] * s + c[2] * t, d = c[2] * s + c[3] * t;
         const PlanePoint before = a * s + b * t, after = b * s + d * t;
-        return {before * s + after * t, unit(after - before)};
+        return {before * s + after * t, unit(after - before), bendAtStart() * s + bendAtEnd() * t};
     }
     [[nodiscard]] PlanePoint firstDirection() const {
         for (int i = 1; i < 4; ++i) {
@@ -102,13 +105,20 @@ struct QuarterArc {
         const double c = std::cos(angle), s = std::sin(angle);
         const PlanePoint turned[] = {{c, s}, {-s, c}, {-c, -s}, {s, -c}};
         const PlanePoint p = turned[int(whole - 4 * std::floor(whole / 4))];
+        const PlanePoint way{p.x * ellipse.radiusX, p.y * ellipse.radiusY};
         const PlanePoint direction = unit({-p.y * ellipse.radiusX, p.x * ellipse.radiusY});
-        return {ellipse.centre + PlanePoint{p.x * ellipse.radiusX, p.y * ellipse.radiusY},
-                from < to ? direction : direction * -1};
+        const double turn = (to - from) * kQuarterTurn;
+        return {ellipse.centre + way, from < to ? direction : direction * -1, way * (-turn * turn)};
     }
     [[nodiscard]] QuarterArc firstHalf() const { return {ellipse, from, from + (to - from) / 2}; }
     [[nodiscard]] QuarterArc secondHalf() const { return {ellipse, from + (to - from) / 2, to}; }
 };
+
+PlanePoint movedOut(const CurvePoint& p, double steps) {
+    const PlanePoint across = p.bend - p.direction * dot(p.bend, p.direction);
+    const double size = length(across), by = std::min(size / (16 * steps * steps), kSagitta / 2);
+    return size > 0 ? p.position - across * (by / size) : p.position;
+}
 
 template <class Curve>
 void follow(Path& path, const Curve& curve, const PlaneBox& visible, int depth = 0) {
@@ -122,7 +132,7 @@ void follow(Path& path, const Curve& curve, const PlaneBox& visible, int depth =
         isVisible ? curve.stepsNeeded() : std::min(curve.mostStepsNeeded(), kMostInvisibleSteps);
     for (double i = 1; i <= steps; ++i) {
         const CurvePoint p = curve.at(i / steps);
-        path.curveTo(p.position, p.direction);
+        path.curveTo(movedOut(p, steps), p.direction);
     }
 }
 
@@ -148,6 +158,7 @@ void addCubic(Path& path, const PlanePoint (&controls)[4], const PlaneBox& visib
     if (leaving == PlanePoint{}) return;  // all in one place
     path.points.back().leaving = leaving;
     follow(path, cubic, visible);
+    path.points.back().position = controls[3];
     endCurve(path, cubic.reversed().firstDirection() * -1);
 }
 
@@ -166,7 +177,9 @@ void addArc(Path& path, const PlaneEllipse& ellipse, ArcRange range, const Plane
     for (double from = range.from; from != range.to;) {
         const double next =
             step > 0 ? std::min(std::floor(from) + 1, range.to) : std::max(std::ceil(from) - 1, range.to);
-        follow(path, QuarterArc{ellipse, from, next}, visible);
+        const QuarterArc quarter{ellipse, from, next};
+        follow(path, quarter, visible);
+        path.points.back().position = quarter.at(1).position;
         from = next;
     }
     endCurve(path, QuarterArc{ellipse, range.from, range.to}.at(1).direction);

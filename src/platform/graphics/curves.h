@@ -3,7 +3,7 @@
 #include "platform/graphics/path.h"
 #include "platform/graphics/plane.h"
 
-/// Curves as chains of chords that keep within a two-hundredth of a pixel of them.
+/// Curves as chains of chords that keep within a hundred-and-fiftieth of a pixel of them, mostly half as near.
 ///
 /// Only what can be seen is followed so closely: outside the visible box a long curve is walked in few steps,
 /// so that one of any size costs no more than its visible part. All functions throw std::bad_alloc.
