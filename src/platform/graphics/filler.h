@@ -3,7 +3,6 @@
 #include <orvane/geometry.h>
 
 #include <cstddef>
-#include <vector>
 
 #include "platform/graphics/plane.h"
 #include "platform/graphics/sweep.h"
@@ -36,7 +35,7 @@ class AreaFiller {
     void addPiece(double top, double topX, double bottom, double bottomX, int winding);
 
     IntSize raster_;
-    std::vector<SweepEdge> edges_;
+    ScratchVector<SweepEdge> edges_;
 };
 
 }  // namespace orvane

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <vector>
-
 #include "platform/graphics/plane.h"
+#include "platform/graphics/scratch.h"
 
 namespace orvane {
 
@@ -23,7 +22,7 @@ enum class PathEnds { Open, Closed };
 /// A chain of straight lines. No two neighbours coincide; a closed one returns from its last point to its
 /// first.
 struct Path {
-    std::vector<PathPoint> points;
+    ScratchVector<PathPoint> points;
     bool closed = false;
 
     /// Goes straight to a point; nothing when it is there already. Throws std::bad_alloc.

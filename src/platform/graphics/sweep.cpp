@@ -19,7 +19,7 @@ bool precedes(const SweepEdge* a, const SweepEdge* b) {
 
 }  // namespace
 
-Sweep::Sweep(std::vector<SweepEdge>& edges, FillRule rule, int width) : rule_(rule), row_(width) {
+Sweep::Sweep(ScratchVector<SweepEdge>& edges, FillRule rule, int width) : rule_(rule), row_(width) {
     starts_.reserve(edges.size());
     for (SweepEdge& edge : edges) starts_.push_back({edge.top, &edge});
     std::sort(starts_.begin(), starts_.end(), [](const Start& a, const Start& b) { return a.top < b.top; });

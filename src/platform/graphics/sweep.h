@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 #include "platform/graphics/coverage_row.h"
+#include "platform/graphics/scratch.h"
 
 namespace orvane {
 
@@ -46,7 +46,7 @@ struct SweepEdge {
 class Sweep {
  public:
     /// The edges must stay where they are. Throws std::bad_alloc; the sweep itself does not.
-    Sweep(std::vector<SweepEdge>& edges, FillRule rule, int width);
+    Sweep(ScratchVector<SweepEdge>& edges, FillRule rule, int width);
 
     /// From the first row to the last, once.
     void run(CoverageSink& sink) noexcept;
@@ -108,13 +108,13 @@ class Sweep {
 
     const FillRule rule_;
     CoverageRow row_;
-    std::vector<Start> starts_;  ///< from top to bottom
-    std::size_t next_ = 0;       ///< the first edge that has not been reached
-    std::vector<SweepEdge*> order_;
-    std::vector<SweepEdge*> ended_;  ///< at this height, and still in order
-    std::vector<Event> events_;      ///< a heap: what is to come in this row
-    std::vector<Chain> chains_;      ///< of a simple row, from left to right, as in order_
-    std::vector<Link> links_;
+    ScratchVector<Start> starts_;  ///< from top to bottom
+    std::size_t next_ = 0;         ///< the first edge that has not been reached
+    ScratchVector<SweepEdge*> order_;
+    ScratchVector<SweepEdge*> ended_;  ///< at this height, and still in order
+    ScratchVector<Event> events_;      ///< a heap: what is to come in this row
+    ScratchVector<Chain> chains_;      ///< of a simple row, from left to right, as in order_
+    ScratchVector<Link> links_;
     double rowBottom_ = 0;
     std::size_t changedFirst_ = 0, changedEnd_ = 0;  ///< places to be looked at again
     std::size_t effort_ = 0;
