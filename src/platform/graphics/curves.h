@@ -3,7 +3,8 @@
 #include "platform/graphics/path.h"
 #include "platform/graphics/plane.h"
 
-/// Curves as chains of chords that keep within a hundred-and-fiftieth of a pixel of them, mostly half as near.
+/// Curves as chains of chords that keep within a hundred-and-fiftieth of a pixel of them, mostly half as
+/// near.
 ///
 /// Only what can be seen is followed so closely: outside the visible box a long curve is walked in few steps,
 /// so that one of any size costs no more than its visible part. All functions throw std::bad_alloc.
