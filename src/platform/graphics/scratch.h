@@ -22,8 +22,10 @@ struct ScratchAllocator {
     template <class Other>
     explicit ScratchAllocator(const ScratchAllocator<Other>& /*other*/) noexcept {}
 
+    // NOLINTBEGIN(bugprone-sizeof-expression): elements may be pointers
     [[nodiscard]] T* allocate(std::size_t count) { return static_cast<T*>(takeScratch(count * sizeof(T))); }
     void deallocate(T* memory, std::size_t count) noexcept { giveScratchBack(memory, count * sizeof(T)); }
+    // NOLINTEND(bugprone-sizeof-expression)
 
     friend bool operator==(const ScratchAllocator&, const ScratchAllocator&) { return true; }
 };
