@@ -33,14 +33,23 @@ struct Gesture {
 void startBox(VistrelControl& control) { control.onLeftDown(kCorner.x, kCorner.y); }
 
 // Vertices around the area of a shape; the last one is then dragged.
-void clickVertices(VistrelControl& control) {
-    constexpr IntPoint kVertices[] = {{0, 60}, {90, 190}, {140, 0}, {260, 80}, {kShape.width, kShape.height}};
-    for (const IntPoint vertex : kVertices) {
+template <std::size_t N>
+void click(VistrelControl& control, const IntPoint (&vertices)[N]) {
+    for (const IntPoint vertex : vertices) {
         const IntPoint mouse{kCorner.x + vertex.x, kCorner.y + vertex.y};
         control.onLeftDown(mouse.x, mouse.y);
         control.onLeftUp(mouse.x, mouse.y);
     }
     control.onLeftDown(kCorner.x + kShape.width, kCorner.y + kShape.height);
+}
+
+void clickVertices(VistrelControl& control) {
+    click(control, {{0, 60}, {90, 190}, {140, 0}, {260, 80}, {kShape.width, kShape.height}});
+}
+
+// As areas are outlined: without crossing.
+void clickAround(VistrelControl& control) {
+    click(control, {{20, 150}, {0, 40}, {120, 0}, {270, 30}, {kShape.width, kShape.height}});
 }
 
 constexpr int kStrokeLength = 500;
@@ -59,11 +68,13 @@ const Gesture kGestures[] = {
     {"polyline", PaintMode::Polyline, clickVertices},
     {"pencil, 500 points", PaintMode::Pencil, startStroke},
     {"curve", PaintMode::Curve, clickVertices},
-    {"closed curve", PaintMode::ClosedCurve, clickVertices},
+    {"closed curve", PaintMode::ClosedCurve, clickAround},
+    {"crossing closed curve", PaintMode::ClosedCurve, clickVertices},
     {"arc", PaintMode::Arc, startBox},
     {"ellipse", PaintMode::Ellipse, startBox},
     {"pie", PaintMode::Pie, startBox},
-    {"polygon", PaintMode::Polygon, clickVertices},
+    {"polygon", PaintMode::Polygon, clickAround},
+    {"crossing polygon", PaintMode::Polygon, clickVertices},
     {"rectangle", PaintMode::Rectangle, startBox},
     {"brush, 500 points", PaintMode::Brush, startStroke},
     {"Bezier", PaintMode::Bezier, clickVertices},
@@ -125,14 +136,21 @@ struct Editor {
 
     [[nodiscard]] bool load(std::span<const Argb> photo) {
         control.onSize(kView.width, kView.height);
-        control.brush.style = BrushSettings::Gradient;
-        control.pen.width = 3;
         const auto bytes = std::as_bytes(photo);
         const std::span pixels(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
         return control.document.loadPixels(pixels, kPicture.width, kPicture.height);
     }
     void zoomTo(double zoom) { zoom == 0.0 ? zoomToFit(control.document) : setZoom(control.document, zoom); }
 };
+
+/// What shapes are drawn with: as a control begins, and what takes longer.
+struct Look {
+    const char* name;
+    float penWidth;
+    int brushStyle;
+};
+constexpr Look kLooks[] = {{"pen 1, solid", 1, BrushSettings::Solid},
+                           {"pen 3, gradient", 3, BrushSettings::Gradient}};
 
 }  // namespace
 
@@ -146,13 +164,17 @@ int main(int count, char** arguments) {
     }
     std::puts("A move of a gesture and its redraw / a plain redraw");
     printRatioHeader();
-    for (const double zoom : {0.0, 1.0}) {
-        editor.zoomTo(zoom);
-        plain.zoomTo(zoom);
-        const std::string where = zoom == 0.0 ? "fit: " : "zoom 1: ";
-        for (const Gesture& gesture : kGestures) {
-            if (std::string_view(gesture.name).find(wanted) == std::string_view::npos) continue;
-            measure(editor.control, plain.control, where, gesture);
+    for (const Look& look : kLooks) {
+        editor.control.pen.width = look.penWidth;
+        editor.control.brush.style = look.brushStyle;
+        for (const double zoom : {0.0, 1.0}) {
+            editor.zoomTo(zoom);
+            plain.zoomTo(zoom);
+            const std::string where = look.name + std::string(zoom == 0.0 ? ", fit: " : ", zoom 1: ");
+            for (const Gesture& gesture : kGestures) {
+                if (std::string_view(gesture.name).find(wanted) == std::string_view::npos) continue;
+                measure(editor.control, plain.control, where, gesture);
+            }
         }
     }
     if (wanted.empty()) measureLongStrokes(editor.control);
