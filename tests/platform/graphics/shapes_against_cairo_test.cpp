@@ -10,6 +10,7 @@
 #include <cmath>
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <random>
 
 #include "platform/graphics/shapes.h"
@@ -157,6 +158,8 @@ const struct Case {
     void (*ours)(MutablePixelView, const Shape&);
     void (*theirs)(cairo_t*, const Shape&);
     double tolerance;  ///< in levels of 255
+
+    friend void PrintTo(const Case& shape, std::ostream* output) { *output << shape.name; }
 } kCases[] = {
     {"filled polygon", kAsItIs, [](auto v, auto& s) { fillPolygon(v, s.pen().brush, s.points()); },
      [](cairo_t* cr, auto& s) { s.addLines(cr), cairo_fill(cr); }, 2},
