@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <memory>
 #include <span>
@@ -9,6 +10,7 @@
 #include <orvane/dispatch_types.h>
 #include <orvane/event_sink.h>
 #include <orvane/export.h>
+#include <orvane/geometry.h>
 #include <orvane/mouse.h>
 #include <orvane/value.h>
 #include <orvane/window_services.h>
@@ -57,6 +59,13 @@ class ORVANE_EXPORT ControlBase {
     void onDropFile(std::u16string_view path) noexcept;
     /// The window goes away before the control does.
     void onDestroy() noexcept;
+
+    /// The image pixel that the window shows at a client pixel. Where the picture ends it goes on, negative
+    /// on the left and above; (0, 0) while there is no picture.
+    [[nodiscard]] IntPoint imagePointAt(IntPoint client) const noexcept;
+    /// Names the picture's present pixels: 0 while there is no picture, and another number, never used
+    /// before, whenever they may have changed. Undo brings the old number back.
+    [[nodiscard]] std::uint64_t pictureId() const noexcept;
 
  protected:
     Value call(int id, std::initializer_list<Value> arguments) noexcept;

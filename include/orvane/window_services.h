@@ -27,6 +27,10 @@ class WindowServices {
     virtual ~WindowServices() = default;
     /// Shows the finished picture of the client area: every pixel opaque, valid only during the call.
     virtual void present(PixelView picture) = 0;
+    /// Asked before every redraw. A window that shows its picture frame by frame answers true and calls the
+    /// control's onPaint when its next frame is due: however many redraws were wanted since the last one, the
+    /// picture is composed once. Answering false has it composed and presented at once.
+    [[nodiscard]] virtual bool defersRedraw() { return false; }
     /// Until released, mouse positions outside the window are delivered too.
     virtual void captureMouse() = 0;
     virtual void releaseMouse() = 0;

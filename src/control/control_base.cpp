@@ -61,6 +61,16 @@ void ControlBase::onDestroy() noexcept {
     if (control_ != nullptr) control_->onDestroy();
 }
 
+IntPoint ControlBase::imagePointAt(IntPoint client) const noexcept {
+    if (control_ == nullptr || control_->document.isEmpty()) return {};
+    return control_->toImage(client);
+}
+
+std::uint64_t ControlBase::pictureId() const noexcept {
+    if (control_ == nullptr || control_->document.isEmpty()) return 0;
+    return control_->document.currentSurface()->contentId();
+}
+
 Value ControlBase::call(int id, std::initializer_list<Value> arguments) noexcept {
     Value result;
     invoke(id, InvokeKind::Method, {arguments.begin(), arguments.size()}, &result);

@@ -5,17 +5,32 @@
 namespace orvane {
 
 void VistrelControl::refresh() noexcept {
+    if (updateLocked || window == nullptr || backBuffer.isNull()) return;
+    // The mouse meets the scroll window where it is now, even if that is painted later.
+    if (scrollWindowHasRoom()) updateScrollWindowView();
+    if (!window->defersRedraw()) onPaint();
+}
+
+void VistrelControl::onPaint() noexcept {
     if (updateLocked || window == nullptr) return;
     const MutablePixelView target = backBuffer.overwrite();
     if (!target) return;
-    paintView(target);
-    if (const auto overlay = rulesOf(paintStatus).overlay) overlay(*this, target);
-    if (document.view.overflows() && paintStatus != PaintMode::Rotation) {
-        updateScrollWindowView();
-        if (!document.isEmpty()) scrollWindow.draw(*document.currentSurface(), document.view.zoom, target);
-    }
+    if (scrollWindowHasRoom()) updateScrollWindowView();
+    compose(target);
     backBuffer.markOpaque();
     window->present(target);
+}
+
+void VistrelControl::compose(MutablePixelView target) noexcept {
+    paintView(target);
+    if (const auto overlay = rulesOf(paintStatus).overlay) overlay(*this, target);
+    if (scrollWindowHasRoom() && !document.isEmpty()) {
+        scrollWindow.draw(*document.currentSurface(), document.view.zoom, target);
+    }
+}
+
+bool VistrelControl::scrollWindowHasRoom() const noexcept {
+    return document.view.overflows() && paintStatus != PaintMode::Rotation;
 }
 
 void VistrelControl::paintView(MutablePixelView target) noexcept {

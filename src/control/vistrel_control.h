@@ -76,7 +76,7 @@ class VistrelControl {
     // --- messages of the window ---
 
     void onSize(int width, int height) noexcept;
-    void onPaint() noexcept { refresh(); }
+    void onPaint() noexcept;
     // Positions are client pixels; captured, they lie outside the window too.
     void onLeftDown(int x, int y) noexcept;
     void onLeftUp(int x, int y) noexcept;
@@ -116,6 +116,8 @@ class VistrelControl {
     void drag(IntPoint mouse) noexcept;
     void hover(IntPoint mouse, MouseButtons held) noexcept;
     [[nodiscard]] bool isScrollWindowShown() const noexcept;
+    [[nodiscard]] bool scrollWindowHasRoom() const noexcept;
+    void compose(MutablePixelView target) noexcept;
     void paintView(MutablePixelView target) noexcept;
     void updateScrollWindowView() noexcept;
 
