@@ -1,7 +1,7 @@
-#include <cstdio>
 #include <string>
 
 #include "control/member_table.h"
+#include "names.h"
 #include "writers.h"
 
 namespace orvane {
@@ -38,12 +38,6 @@ const char* redraws(Refresh refresh) {
             return "while the scroll window is visible";
     }
     return "";
-}
-
-std::string hexId(int id) {
-    char text[8];
-    std::snprintf(text, sizeof text, "0x%02X", unsigned(id));
-    return text;
 }
 
 std::string methodRow(const Member& member) {

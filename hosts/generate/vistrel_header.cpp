@@ -1,7 +1,7 @@
-#include <cstdio>
 #include <string>
 
 #include "control/member_table.h"
+#include "names.h"
 #include "writers.h"
 
 namespace orvane {
@@ -67,12 +67,6 @@ const char* accessor(ValueType type) {
             break;
     }
     return "";
-}
-
-std::string hexId(int id) {
-    char text[8];
-    std::snprintf(text, sizeof text, "0x%02X", unsigned(id));
-    return text;
 }
 
 std::string methodText(const Member& member) {

@@ -1,0 +1,62 @@
+#include "gtk/host_window.h"
+
+#include "gtk/cursors.h"
+
+namespace orvane::gtk {
+
+HostWindow::HostWindow(GtkWidget* widget, void (*tick)(gpointer), gpointer data) noexcept
+    : widget_(widget), tick_(tick), tickData_(data) {}
+
+HostWindow::~HostWindow() {
+    runTimer(0);
+    g_clear_object(&texture_);
+}
+
+void HostWindow::setShown(bool shown) noexcept {
+    shown_ = shown;
+    runTimer(shown_ ? wantedPeriodMs_ : 0);
+}
+
+void HostWindow::apply() noexcept {
+    if (shownCursor_ != cursor_) {
+        shownCursor_ = cursor_;
+        showCursor(widget_, cursor_);
+    }
+    runTimer(shown_ ? wantedPeriodMs_ : 0);
+    if (redrawWanted_) gtk_widget_queue_draw(widget_);
+}
+
+// Opaque pixels are the same with and without premultiplied alpha, and the renderers take premultiplied ones
+// as they are.
+void HostWindow::present(PixelView picture) {
+    if (!picture.isContiguous()) return;
+    GBytes* bytes = g_bytes_new(picture.pixels, picture.pixelCount() * sizeof(Argb));
+    g_clear_object(&texture_);
+    texture_ = gdk_memory_texture_new(picture.width, picture.height, GDK_MEMORY_B8G8R8A8_PREMULTIPLIED, bytes,
+                                      gsize(picture.width) * sizeof(Argb));
+    g_bytes_unref(bytes);
+}
+
+bool HostWindow::defersRedraw() {
+    redrawWanted_ = true;
+    return true;
+}
+
+void HostWindow::startTimer(int, int periodMs) { wantedPeriodMs_ = periodMs; }
+
+void HostWindow::stopTimer(int) { wantedPeriodMs_ = 0; }
+
+void HostWindow::runTimer(int periodMs) noexcept {
+    if (periodMs == periodMs_) return;
+    if (source_ != 0) g_source_remove(source_);
+    periodMs_ = periodMs;
+    source_ = periodMs > 0 ? g_timeout_add(guint(periodMs), &HostWindow::onTick, this) : 0;
+}
+
+gboolean HostWindow::onTick(gpointer data) {
+    auto* window = static_cast<HostWindow*>(data);
+    window->tick_(window->tickData_);
+    return G_SOURCE_CONTINUE;
+}
+
+}  // namespace orvane::gtk

@@ -1,0 +1,214 @@
+#include "gtk/vistrel_host.h"
+
+#include <array>
+
+#include "gtk/member_rows.h"
+#include "gtk/values.h"
+
+namespace orvane::gtk {
+
+/// The scope of one call into the control. The widget lives at least as long, even if a signal handler drops
+/// it.
+class VistrelHost::Entry {
+ public:
+    explicit Entry(VistrelHost& host) : host_(host), widget_(g_object_ref(host.widget_)) {
+        if (host_.isBusy()) host_.finishSlowCall();
+    }
+    ~Entry() {
+        host_.settle();
+        g_object_unref(widget_);
+    }
+    Entry(const Entry&) = delete;
+    Entry& operator=(const Entry&) = delete;
+
+ private:
+    VistrelHost& host_;
+    GtkWidget* widget_;
+};
+
+VistrelHost::VistrelHost(GtkWidget* widget, const ClassData& classData) noexcept
+    : widget_(widget),
+      class_(classData),
+      window_(
+          widget, [](gpointer host) { static_cast<VistrelHost*>(host)->tick(); }, this),
+      clipboard_(widget),
+      control_(window_, &clipboard_),
+      mouse_(widget, *this) {
+    control_.connect(*this);
+    watch_.update(control_, G_OBJECT(widget_), class_.properties);
+}
+
+VistrelHost::~VistrelHost() {
+    if (pictureChangedSource_ != 0) g_source_remove(pictureChangedSource_);
+}
+
+// --- members ---
+
+Value VistrelHost::call(int id, std::span<const Value> arguments) noexcept {
+    const Entry entry(*this);
+    Value result;
+    control_.invoke(id, InvokeKind::Method, arguments, &result);
+    return result;
+}
+
+Value VistrelHost::get(int id) noexcept {
+    if (isBusy()) return watch_.lastValue(id);
+    Value value;
+    control_.invoke(id, InvokeKind::Get, {}, &value);
+    return value;
+}
+
+void VistrelHost::put(int id, const Value& value) noexcept {
+    const Entry entry(*this);
+    control_.invoke(id, InvokeKind::Put, {&value, 1});
+}
+
+bool VistrelHost::start(int id, std::vector<Value> arguments, GTask* task) noexcept try {
+    if (isBusy()) return false;
+    // The control may be between the press and the release of a gesture; what comes meanwhile is lost to it.
+    mouse_.endGesture();
+    slowCall_ = std::make_unique<SlowCall>(control_, id, std::move(arguments), task, [](gpointer ended) {
+        auto* endedTask = static_cast<GTask*>(ended);
+        auto* host = static_cast<VistrelHost*>(g_task_get_source_tag(endedTask));
+        if (host->isBusy() && host->slowCall_->isFor(endedTask)) host->finishSlowCall();
+        auto* result = static_cast<GVariant*>(g_task_get_task_data(endedTask));
+        g_task_return_pointer(endedTask, result != nullptr ? g_variant_ref(result) : nullptr, nullptr);
+        g_object_unref(endedTask);
+        return G_SOURCE_REMOVE;
+    });
+    g_object_notify_by_pspec(G_OBJECT(widget_), class_.busy);
+    return true;
+} catch (...) {
+    return false;
+}
+
+void VistrelHost::finishSlowCall() noexcept {
+    slowCall_.reset();
+    if (resized_) {
+        resized_ = false;
+        control_.onSize(clientSize().width, clientSize().height);
+    }
+    settle();
+    g_object_notify_by_pspec(G_OBJECT(widget_), class_.busy);
+}
+
+bool VistrelHost::imagePointAt(IntPoint client, IntPoint& image) noexcept {
+    if (isBusy()) return false;
+    image = control_.imagePointAt(client);
+    Value width, height;
+    control_.invoke("ImageWidth", InvokeKind::Get, {}, &width);
+    control_.invoke("ImageHeight", InvokeKind::Get, {}, &height);
+    return IntRect{0, 0, width.number(), height.number()}.contains(image);
+}
+
+// --- messages ---
+
+void VistrelHost::resize(IntSize size) noexcept {
+    if (size == clientSize()) return;
+    window_.setClientSize(size);
+    resized_ = isBusy();
+    if (isBusy()) return;
+    const Entry entry(*this);
+    control_.onSize(size.width, size.height);
+    window_.wishRedraw();
+}
+
+GdkTexture* VistrelHost::frame() noexcept {
+    if (!isBusy() && window_.takeRedrawWish()) control_.onPaint();
+    return window_.texture();
+}
+
+bool VistrelHost::press(IntPoint position) noexcept {
+    if (ignoresInput()) return false;
+    const Entry entry(*this);
+    window_.setPointer(position);
+    control_.onLeftDown(position.x, position.y);
+    return true;
+}
+
+void VistrelHost::release(IntPoint position) noexcept {
+    const Entry entry(*this);
+    window_.setPointer(position);
+    control_.onLeftUp(position.x, position.y);
+}
+
+void VistrelHost::rightPress(IntPoint position) noexcept {
+    if (ignoresInput()) return;
+    const Entry entry(*this);
+    window_.setPointer(position);
+    control_.onRightDown(position.x, position.y);
+}
+
+void VistrelHost::move(IntPoint position, MouseButtons held) noexcept {
+    if (ignoresInput()) return;
+    const Entry entry(*this);
+    window_.setPointer(position);
+    control_.onMouseMove(position.x, position.y, held);
+}
+
+void VistrelHost::dropFile(std::u16string_view path) noexcept {
+    const Entry entry(*this);
+    control_.onDropFile(path);
+}
+
+void VistrelHost::tick() noexcept {
+    if (ignoresInput()) return;
+    const Entry entry(*this);
+    control_.onTimer();
+}
+
+void VistrelHost::setShown(bool shown) noexcept {
+    if (!shown) mouse_.endGesture();
+    window_.setShown(shown);
+}
+
+void VistrelHost::destroyWindow() noexcept {
+    const Entry entry(*this);
+    mouse_.endGesture();
+    control_.onDestroy();
+    window_.setShown(false);
+}
+
+void VistrelHost::clipboardChanged() noexcept {
+    if (!isBusy()) settle();
+}
+
+// --- what follows from a call ---
+
+void VistrelHost::settle() noexcept {
+    if (isBusy()) return;  // a handler has started a slow call; its end settles
+    window_.apply();
+    notePicture();
+    watch_.update(control_, G_OBJECT(widget_), class_.properties);
+}
+
+void VistrelHost::notePicture() noexcept {
+    const std::uint64_t id = control_.pictureId();
+    if (id == pictureId_) return;
+    pictureId_ = id;
+    if (pictureChangedSource_ != 0) return;
+    const auto emit = [](gpointer data) -> gboolean {
+        auto* host = static_cast<VistrelHost*>(data);
+        host->pictureChangedSource_ = 0;
+        g_signal_emit(host->widget_, host->class_.pictureChanged, 0);
+        return G_SOURCE_REMOVE;
+    };
+    pictureChangedSource_ = g_idle_add(emit, this);
+}
+
+void VistrelHost::onEvent(EventId event, std::span<const Value> arguments) {
+    std::array<GValue, 3> values{};
+    g_value_init(values.data(), G_OBJECT_TYPE(widget_));
+    g_value_set_object(values.data(), widget_);
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        g_value_init(&values[i + 1], gtypeOf(arguments[i].type()));
+        toGValue(arguments[i], &values[i + 1]);
+    }
+    const auto rows = signalRows();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i].event == event) g_signal_emitv(values.data(), class_.signals[i], 0, nullptr);
+    }
+    for (std::size_t i = 0; i <= arguments.size(); ++i) g_value_unset(&values[i]);
+}
+
+}  // namespace orvane::gtk

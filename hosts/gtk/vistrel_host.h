@@ -1,0 +1,95 @@
+#pragma once
+
+#include <memory>
+#include <span>
+
+#include <gtk/gtk.h>
+
+#include <orvane/control_base.h>
+
+#include "gtk/gtk_clipboard.h"
+#include "gtk/host_window.h"
+#include "gtk/mouse_input.h"
+#include "gtk/property_watch.h"
+#include "gtk/slow_call.h"
+
+namespace orvane::gtk {
+
+/// One control inside its widget: every member call, message and event passes here. Whatever a call has
+/// changed is settled before it returns: redraw, cursor, timer and notifications. All functions are the main
+/// thread's.
+///
+/// While a slow call runs on its worker, messages are dropped, properties are answered from the last look,
+/// and member calls wait for its end.
+class VistrelHost final : private EventSink {
+ public:
+    /// What the class of the widget has in common for all its instances.
+    struct ClassData {
+        GParamSpec* const* properties = nullptr;  ///< in the order of propertyRows()
+        GParamSpec* busy = nullptr;
+        const guint* signals = nullptr;  ///< in the order of signalRows()
+        guint pictureChanged = 0;
+    };
+
+    VistrelHost(GtkWidget* widget, const ClassData& classData) noexcept;
+    ~VistrelHost() override;
+    VistrelHost(const VistrelHost&) = delete;
+    VistrelHost& operator=(const VistrelHost&) = delete;
+
+    // --- members ---
+
+    Value call(int id, std::span<const Value> arguments) noexcept;
+    Value get(int id) noexcept;
+    void put(int id, const Value& value) noexcept;
+    /// Starts a method on a worker. False while another one runs.
+    bool start(int id, std::vector<Value> arguments, GTask* task) noexcept;
+    [[nodiscard]] bool isBusy() const noexcept { return slowCall_ != nullptr; }
+    /// In device pixels. False when the position is not on the picture.
+    bool imagePointAt(IntPoint client, IntPoint& image) noexcept;
+    [[nodiscard]] std::uint64_t pictureId() const noexcept { return pictureId_; }
+
+    // --- the widget's messages, in device pixels ---
+
+    void resize(IntSize size) noexcept;
+    /// The picture of the next frame; null before there is one.
+    GdkTexture* frame() noexcept;
+    /// False when the press was dropped.
+    bool press(IntPoint position) noexcept;
+    void release(IntPoint position) noexcept;
+    void rightPress(IntPoint position) noexcept;
+    void move(IntPoint position, MouseButtons held) noexcept;
+    void dropFile(std::u16string_view path) noexcept;
+    /// The widget comes on the screen, or leaves it.
+    void setShown(bool shown) noexcept;
+    /// The widget loses its window for good; members go on working.
+    void destroyWindow() noexcept;
+    /// The clipboard holds something else.
+    void clipboardChanged() noexcept;
+
+    [[nodiscard]] bool isCaptured() const noexcept { return window_.isCaptured(); }
+    [[nodiscard]] IntSize clientSize() const noexcept { return window_.outerSize(); }
+
+ private:
+    class Entry;
+
+    void onEvent(EventId event, std::span<const Value> arguments) override;
+    [[nodiscard]] bool ignoresInput() const noexcept { return isBusy() || clipboard_.isWaiting(); }
+    void settle() noexcept;
+    void finishSlowCall() noexcept;
+    void notePicture() noexcept;
+    void tick() noexcept;
+
+    GtkWidget* widget_;
+    const ClassData& class_;
+    HostWindow window_;
+    GtkClipboard clipboard_;
+    ControlBase control_;
+    PropertyWatch watch_;
+    MouseInput mouse_;
+    std::unique_ptr<SlowCall> slowCall_;  ///< null while none runs
+    bool resized_ = false;                ///< the control has not been told of the window's size
+    std::uint64_t pictureId_ = 0;
+    guint pictureChangedSource_ = 0;
+};
+
+}  // namespace orvane::gtk
