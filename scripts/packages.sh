@@ -9,10 +9,14 @@ packages_build=(
     libhwy-dev                                   # vector arithmetic, chosen at run time
     libpango1.0-dev libfontconfig-dev            # text
     fonts-liberation                             # stands in for Arial, which captions are written in
+    libgtk-4-dev libglib2.0-dev-bin              # the widget and the Studio
+    gobject-introspection libgirepository1.0-dev # the widget in other languages
 )
 packages_test=(
     libgtest-dev libgmock-dev
     libcairo2-dev                                # what shapes are held against
+    xvfb xauth xdotool openbox imagemagick       # a desktop in memory
+    python3-gi gir1.2-gtk-4.0 gjs                # the widget from Python and JavaScript
     fonts-dejavu-core fonts-lohit-deva fonts-wqy-microhei  # Hebrew and Arabic, Devanagari, Chinese
 )
 packages_bench=(libbenchmark-dev libopencv-dev libspng-dev libcairo2-dev)  # the peers that speed is compared with
