@@ -35,6 +35,7 @@ VistrelHost::VistrelHost(GtkWidget* widget, const ClassData& classData) noexcept
       control_(window_, &clipboard_),
       mouse_(widget, *this) {
     control_.connect(*this);
+    control_.onSize(FirstView::kAssumedWidth, FirstView::kAssumedHeight);
     watch_.update(control_, G_OBJECT(widget_), class_.properties);
 }
 
@@ -46,6 +47,7 @@ VistrelHost::~VistrelHost() {
 
 Value VistrelHost::call(int id, std::span<const Value> arguments) noexcept {
     const Entry entry(*this);
+    firstView_.noteCall(id);
     Value result;
     control_.invoke(id, InvokeKind::Method, arguments, &result);
     return result;
@@ -67,6 +69,7 @@ bool VistrelHost::start(int id, std::vector<Value> arguments, GTask* task) noexc
     if (isBusy()) return false;
     // The control may be between the press and the release of a gesture; what comes meanwhile is lost to it.
     mouse_.endGesture();
+    firstView_.noteCall(id);
     slowCall_ = std::make_unique<SlowCall>(control_, id, std::move(arguments), task, [](gpointer ended) {
         auto* endedTask = static_cast<GTask*>(ended);
         auto* host = static_cast<VistrelHost*>(g_task_get_source_tag(endedTask));
@@ -86,7 +89,7 @@ void VistrelHost::finishSlowCall() noexcept {
     slowCall_.reset();
     if (resized_) {
         resized_ = false;
-        control_.onSize(clientSize().width, clientSize().height);
+        showInView();
     }
     settle();
     g_object_notify_by_pspec(G_OBJECT(widget_), class_.busy);
@@ -95,10 +98,15 @@ void VistrelHost::finishSlowCall() noexcept {
 bool VistrelHost::imagePointAt(IntPoint client, IntPoint& image) noexcept {
     if (isBusy()) return false;
     image = control_.imagePointAt(client);
+    const IntSize picture = pictureSize();
+    return IntRect{0, 0, picture.width, picture.height}.contains(image);
+}
+
+IntSize VistrelHost::pictureSize() noexcept {
     Value width, height;
     control_.invoke("ImageWidth", InvokeKind::Get, {}, &width);
     control_.invoke("ImageHeight", InvokeKind::Get, {}, &height);
-    return IntRect{0, 0, width.number(), height.number()}.contains(image);
+    return {width.number(), height.number()};
 }
 
 // --- messages ---
@@ -109,7 +117,17 @@ void VistrelHost::resize(IntSize size) noexcept {
     resized_ = isBusy();
     if (isBusy()) return;
     const Entry entry(*this);
-    control_.onSize(size.width, size.height);
+    showInView();
+}
+
+void VistrelHost::showInView() noexcept {
+    const IntSize view = clientSize();
+    control_.onSize(view.width, view.height);
+    if (firstView_.begin()) {
+        const IntSize picture = pictureSize();
+        const bool large = picture.width >= view.width || picture.height >= view.height;
+        control_.invoke(large ? FirstView::kZoomToFit : FirstView::kActialSize, InvokeKind::Method, {});
+    }
     window_.wishRedraw();
 }
 

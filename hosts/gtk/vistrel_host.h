@@ -7,6 +7,7 @@
 
 #include <orvane/control_base.h>
 
+#include "gtk/first_view.h"
 #include "gtk/gtk_clipboard.h"
 #include "gtk/host_window.h"
 #include "gtk/mouse_input.h"
@@ -76,6 +77,8 @@ class VistrelHost final : private EventSink {
     [[nodiscard]] bool ignoresInput() const noexcept { return isBusy() || clipboard_.isWaiting(); }
     void settle() noexcept;
     void finishSlowCall() noexcept;
+    void showInView() noexcept;
+    [[nodiscard]] IntSize pictureSize() noexcept;
     void notePicture() noexcept;
     void tick() noexcept;
 
@@ -84,6 +87,7 @@ class VistrelHost final : private EventSink {
     HostWindow window_;
     GtkClipboard clipboard_;
     ControlBase control_;
+    FirstView firstView_;
     PropertyWatch watch_;
     MouseInput mouse_;
     std::unique_ptr<SlowCall> slowCall_;  ///< null while none runs
