@@ -28,6 +28,7 @@ class FirstView {
                 break;
         }
     }
+    [[nodiscard]] bool hasBegun() const noexcept { return begun_; }
     /// The widget has a view: whether the picture is to be fitted as by a load. True at most once.
     [[nodiscard]] bool begin() noexcept {
         const bool fit = fitPending_ && !begun_;

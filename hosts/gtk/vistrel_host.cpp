@@ -35,6 +35,7 @@ VistrelHost::VistrelHost(GtkWidget* widget, const ClassData& classData) noexcept
       control_(window_, &clipboard_),
       mouse_(widget, *this) {
     control_.connect(*this);
+    window_.setClientSize({FirstView::kAssumedWidth, FirstView::kAssumedHeight});
     control_.onSize(FirstView::kAssumedWidth, FirstView::kAssumedHeight);
     watch_.update(control_, G_OBJECT(widget_), class_.properties);
 }
@@ -112,7 +113,7 @@ IntSize VistrelHost::pictureSize() noexcept {
 // --- messages ---
 
 void VistrelHost::resize(IntSize size) noexcept {
-    if (size == clientSize()) return;
+    if (firstView_.hasBegun() && size == clientSize()) return;
     window_.setClientSize(size);
     resized_ = isBusy();
     if (isBusy()) return;
