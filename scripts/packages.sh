@@ -17,6 +17,7 @@ packages_test=(
     libcairo2-dev                                # what shapes are held against
     xvfb xauth xdotool openbox imagemagick       # a desktop in memory
     python3-gi gir1.2-gtk-4.0 gjs                # the widget from Python and JavaScript
+    dbus at-spi2-core gir1.2-atspi-2.0 x11-utils # what the Studio tells a screen reader, and its windows
     fonts-dejavu-core fonts-lohit-deva fonts-wqy-microhei  # Hebrew and Arabic, Devanagari, Chinese
 )
 packages_bench=(libbenchmark-dev libopencv-dev libspng-dev libcairo2-dev)  # the peers that speed is compared with
