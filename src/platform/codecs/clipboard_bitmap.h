@@ -15,6 +15,9 @@ namespace orvane {
 /// when the picture is, or when memory ran out.
 [[nodiscard]] std::vector<std::uint8_t> encodeClipboardBitmap(PixelView picture) noexcept;
 
+/// The same with alpha: a 124-byte header with a mask for each channel, 32 bits per pixel, no slack.
+[[nodiscard]] std::vector<std::uint8_t> encodeClipboardBitmapWithAlpha(PixelView picture) noexcept;
+
 /// Decodes a block of any kind that decodeDib() knows. The pixels follow the header and its masks or colour
 /// table, however many colours that claims; what stands behind the pixels is ignored. False for anything
 /// else, wrapped JPEG and PNG pictures included: they are meant for printers.
