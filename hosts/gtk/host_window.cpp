@@ -7,10 +7,7 @@ namespace orvane::gtk {
 HostWindow::HostWindow(GtkWidget* widget, void (*tick)(gpointer), gpointer data) noexcept
     : widget_(widget), tick_(tick), tickData_(data) {}
 
-HostWindow::~HostWindow() {
-    runTimer(0);
-    g_clear_object(&texture_);
-}
+HostWindow::~HostWindow() { runTimer(0); }
 
 void HostWindow::setShown(bool shown) noexcept {
     shown_ = shown;
@@ -26,15 +23,11 @@ void HostWindow::apply() noexcept {
     if (redrawWanted_) gtk_widget_queue_draw(widget_);
 }
 
-// Opaque pixels are the same with and without premultiplied alpha, and the renderers take premultiplied ones
-// as they are.
 void HostWindow::present(PixelView picture) {
-    if (!picture.isContiguous()) return;
-    GBytes* bytes = g_bytes_new(picture.pixels, picture.pixelCount() * sizeof(Argb));
-    g_clear_object(&texture_);
-    texture_ = gdk_memory_texture_new(picture.width, picture.height, GDK_MEMORY_B8G8R8A8_PREMULTIPLIED, bytes,
-                                      gsize(picture.width) * sizeof(Argb));
-    g_bytes_unref(bytes);
+    GtkNative* native = gtk_widget_get_native(widget_);
+    const bool software = native != nullptr && GSK_IS_CAIRO_RENDERER(gtk_native_get_renderer(native));
+    tiles_.update(picture, gtk_widget_get_scale_factor(widget_),
+                  software ? ViewTiles::Kind::Surfaces : ViewTiles::Kind::Textures);
 }
 
 bool HostWindow::defersRedraw() {

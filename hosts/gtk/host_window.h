@@ -6,6 +6,8 @@
 
 #include <orvane/window_services.h>
 
+#include "gtk/view_tiles.h"
+
 namespace orvane::gtk {
 
 /// The window services of one control in a widget. The control's wishes are noted when they come, which may
@@ -30,8 +32,8 @@ class HostWindow final : public WindowServices {
     [[nodiscard]] bool takeRedrawWish() noexcept { return redrawWanted_.exchange(false); }
     void wishRedraw() noexcept { redrawWanted_ = true; }
     [[nodiscard]] bool isCaptured() const noexcept { return captured_; }
-    /// The picture last presented; null before the first. Its pixels are device pixels.
-    [[nodiscard]] GdkTexture* texture() const noexcept { return texture_; }
+    /// The picture last presented; nothing before the first.
+    [[nodiscard]] const ViewTiles& tiles() const noexcept { return tiles_; }
 
     void present(PixelView picture) override;
     bool defersRedraw() override;
@@ -52,7 +54,7 @@ class HostWindow final : public WindowServices {
     gpointer tickData_;
     IntSize size_;
     IntPoint pointer_;
-    GdkTexture* texture_ = nullptr;
+    ViewTiles tiles_;
     std::atomic<bool> redrawWanted_{false};
     bool captured_ = false, shown_ = false;
     CursorId cursor_ = CursorId::Arrow, shownCursor_ = CursorId::Arrow;

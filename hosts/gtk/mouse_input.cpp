@@ -7,10 +7,7 @@
 namespace orvane::gtk {
 namespace {
 
-bool isTouch(GdkEventType type) {
-    return type == GDK_TOUCH_BEGIN || type == GDK_TOUCH_UPDATE || type == GDK_TOUCH_END ||
-           type == GDK_TOUCH_CANCEL;
-}
+constexpr std::size_t kMostWaiting = 100000;
 
 }  // namespace
 
@@ -24,8 +21,8 @@ MouseInput::MouseInput(GtkWidget* widget, VistrelHost& host) noexcept
         static_cast<MouseInput*>(input)->onEvent(happened);
         return GDK_EVENT_PROPAGATE;
     };
-    const auto leave = +[](GtkEventController* controller, gpointer input) {
-        static_cast<MouseInput*>(input)->onLeave(gtk_event_controller_get_current_event(controller));
+    const auto leave = +[](GtkEventController*, gpointer input) {
+        static_cast<MouseInput*>(input)->post({Kind::Leave, {}});
     };
     g_signal_connect(pointer_, "event", G_CALLBACK(event), this);
     g_signal_connect(crossing_, "leave", G_CALLBACK(leave), this);
@@ -35,6 +32,7 @@ MouseInput::MouseInput(GtkWidget* widget, VistrelHost& host) noexcept
 }
 
 MouseInput::~MouseInput() {
+    forget();
     for (GtkEventController* controller : {pointer_, crossing_}) {
         g_signal_handlers_disconnect_by_data(controller, this);
         g_object_unref(controller);
@@ -47,76 +45,138 @@ void MouseInput::onEvent(GdkEvent* event) noexcept {
     double x = 0, y = 0;
     if (!gdk_event_get_position(event, &x, &y)) return;
     const IntPoint position = inWidget(x, y);
-    if (type == GDK_BUTTON_PRESS) {
-        onPress(gdk_button_event_get_button(event), position);
-    } else if (type == GDK_BUTTON_RELEASE) {
-        if (gdk_button_event_get_button(event) == GDK_BUTTON_PRIMARY) release(position);
-    } else if (type == GDK_MOTION_NOTIFY) {
-        onMotion(event, position);
-    } else if (isTouch(type)) {
-        onTouch(event, position);
+    const guint button =
+        type == GDK_BUTTON_PRESS || type == GDK_BUTTON_RELEASE ? gdk_button_event_get_button(event) : 0;
+    switch (type) {
+        case GDK_BUTTON_PRESS:
+            if (gtk_widget_get_focus_on_click(widget_)) gtk_widget_grab_focus(widget_);
+            if (button == GDK_BUTTON_PRIMARY) post({Kind::Press, position});
+            if (button == GDK_BUTTON_SECONDARY) post({Kind::RightPress, position});
+            break;
+        case GDK_BUTTON_RELEASE:
+            if (button == GDK_BUTTON_PRIMARY) post({Kind::Release, position});
+            break;
+        case GDK_MOTION_NOTIFY:
+            onMotionEvent(event, position);
+            break;
+        case GDK_TOUCH_BEGIN:
+        case GDK_TOUCH_UPDATE:
+        case GDK_TOUCH_END:
+        case GDK_TOUCH_CANCEL: {
+            const auto kind = Kind(int(Kind::TouchBegin) + int(type) - int(GDK_TOUCH_BEGIN));
+            post({kind, position, false, false, gdk_event_get_event_sequence(event)});
+            break;
+        }
+        default:
+            break;
     }
 }
 
-void MouseInput::onPress(guint button, IntPoint position) noexcept {
-    if (gtk_widget_get_focus_on_click(widget_)) gtk_widget_grab_focus(widget_);
-    if (button == GDK_BUTTON_PRIMARY) press(position);
-    if (button == GDK_BUTTON_SECONDARY) host_.rightPress(position);
-}
-
-void MouseInput::onMotion(GdkEvent* event, IntPoint position) noexcept {
-    const GdkModifierType held = gdk_event_get_modifier_state(event);
-    const bool left = (held & GDK_BUTTON1_MASK) != 0, right = (held & GDK_BUTTON3_MASK) != 0;
-    if (pressed_ && !left && touch_ == nullptr) release(position);  // the release went elsewhere
-    if (left && !pressed_) return;                                  // the press did
-    if (pressed_) replayHistory(event);
-    last_ = position;
-    host_.move(position, {pressed_, right});
-}
-
 // A frame brings one motion event; the positions that the pointer passed since the last one are its history.
-void MouseInput::replayHistory(GdkEvent* event) noexcept {
+void MouseInput::onMotionEvent(GdkEvent* event, IntPoint position) noexcept {
     guint count = 0;
     GdkTimeCoord* history = gdk_event_get_history(event, &count);
     for (guint i = 0; i < count; ++i) {
         if ((history[i].flags & GDK_AXIS_FLAG_X) == 0 || (history[i].flags & GDK_AXIS_FLAG_Y) == 0) continue;
-        host_.move(inWidget(history[i].axes[GDK_AXIS_X], history[i].axes[GDK_AXIS_Y]), {true, false});
+        post({Kind::PastMotion, inWidget(history[i].axes[GDK_AXIS_X], history[i].axes[GDK_AXIS_Y]), true});
     }
     g_free(history);
+    const GdkModifierType held = gdk_event_get_modifier_state(event);
+    post({Kind::Motion, position, (held & GDK_BUTTON1_MASK) != 0, (held & GDK_BUTTON3_MASK) != 0});
+}
+
+// --- what waits ---
+
+void MouseInput::post(const Message& message) noexcept try {
+    if (waiting_.size() >= kMostWaiting) return;
+    waiting_.push_back(message);
+    if (tick_ != 0) return;
+    const auto due = +[](GtkWidget*, GdkFrameClock*, gpointer input) -> gboolean {
+        auto* self = static_cast<MouseInput*>(input);
+        self->tick_ = 0;
+        self->deliver();
+        return G_SOURCE_REMOVE;
+    };
+    tick_ = gtk_widget_add_tick_callback(widget_, due, this, nullptr);
+} catch (...) {
+    // Without memory a movement is lost.
+}
+
+void MouseInput::deliver() noexcept {
+    if (delivering_ || waiting_.empty()) return;
+    GtkWidget* widget = GTK_WIDGET(g_object_ref(widget_));
+    delivering_ = true;
+    // A handler may run a main loop, in which more comes, or drop all that waits.
+    for (std::size_t i = 0; i < waiting_.size(); ++i) handle(Message(waiting_[i]));
+    delivering_ = false;
+    forget();
+    g_object_unref(widget);
+}
+
+void MouseInput::forget() noexcept {
+    waiting_.clear();
+    if (tick_ != 0) gtk_widget_remove_tick_callback(widget_, tick_);
+    tick_ = 0;
+}
+
+void MouseInput::handle(const Message& message) noexcept {
+    switch (message.kind) {
+        case Kind::Press:
+            return press(message.position);
+        case Kind::RightPress:
+            return host_.rightPress(message.position);
+        case Kind::Release:
+            return release(message.position);
+        case Kind::PastMotion:
+            if (pressed_) host_.move(message.position, {true, false});
+            return;
+        case Kind::Motion:
+            return onMotion(message);
+        case Kind::Leave:
+            return onLeave();
+        default:
+            return onTouch(message);
+    }
+}
+
+// --- messages ---
+
+void MouseInput::onMotion(const Message& message) noexcept {
+    if (pressed_ && !message.left && touch_ == nullptr)
+        release(message.position);          // the release went elsewhere
+    if (message.left && !pressed_) return;  // the press did
+    last_ = message.position;
+    host_.move(message.position, {pressed_, message.right});
 }
 
 // The first finger is the left button.
-void MouseInput::onTouch(GdkEvent* event, IntPoint position) noexcept {
-    GdkEventSequence* finger = gdk_event_get_event_sequence(event);
-    const GdkEventType type = gdk_event_get_event_type(event);
-    if (type == GDK_TOUCH_BEGIN && touch_ == nullptr && !pressed_) {
-        touch_ = finger;
-        return press(position);
+void MouseInput::onTouch(const Message& message) noexcept {
+    if (message.kind == Kind::TouchBegin && touch_ == nullptr && !pressed_) {
+        touch_ = message.finger;
+        return press(message.position);
     }
-    if (finger != touch_) return;
-    if (type == GDK_TOUCH_UPDATE && pressed_) {
-        last_ = position;
-        return host_.move(position, {true, false});
+    if (message.finger != touch_) return;
+    if (message.kind == Kind::TouchUpdate && pressed_) {
+        last_ = message.position;
+        return host_.move(message.position, {true, false});
     }
     touch_ = nullptr;
-    release(type == GDK_TOUCH_CANCEL ? last_ : position);
+    release(message.kind == Kind::TouchCancel ? last_ : message.position);
 }
 
 // Without a button held the toolkit reports nothing outside the widget. One move there is what the control,
-// which holds the mouse while it shows a cursor of its own, needs to notice that the pointer has left.
-void MouseInput::onLeave(GdkEvent* event) noexcept {
-    if (pressed_ || !host_.isCaptured()) return;
-    const IntSize size = host_.clientSize();
-    IntPoint position{-1, -1};
-    double x = 0, y = 0;
-    if (event != nullptr && gdk_event_get_position(event, &x, &y)) position = inWidget(x, y);
-    if (IntRect{0, 0, size.width, size.height}.contains(position)) position = {-1, -1};
-    host_.move(position, {});
+// which holds the mouse while it shows a cursor of its own, needs to notice that the pointer has left. Far
+// away, because neither a nib's marker nor a grab handle may reach there; the toolkit does not tell where it
+// is.
+void MouseInput::onLeave() noexcept {
+    constexpr IntPoint kFarAway{-32768, -32768};
+    if (!pressed_ && host_.isCaptured()) host_.move(kFarAway, {});
 }
 
 void MouseInput::press(IntPoint position) noexcept {
     last_ = position;
-    pressed_ = host_.press(position);
+    pressed_ = true;  // before a handler ends the gesture
+    if (!host_.press(position)) pressed_ = false;
 }
 
 void MouseInput::release(IntPoint position) noexcept {
@@ -127,6 +187,7 @@ void MouseInput::release(IntPoint position) noexcept {
 }
 
 void MouseInput::endGesture() noexcept {
+    forget();
     touch_ = nullptr;
     release(last_);
 }

@@ -105,9 +105,9 @@ ORVANE_GTK_EXPORT gboolean orvane_vistrel_get_busy(OrvaneVistrel* self);
  * @callback: (scope async): called in the main loop when the method has ended
  * @user_data: for the callback
  *
- * Calls a method without blocking the main loop. The error is %G_IO_ERROR_PENDING when the control is busy,
- * %G_IO_ERROR_NOT_FOUND when it has no such method, and %G_IO_ERROR_INVALID_ARGUMENT when the arguments are
- * others.
+ * Calls a method without blocking the main loop. The error is %G_IO_ERROR_PENDING when the control is busy or
+ * waits for another program's clipboard, %G_IO_ERROR_NOT_FOUND when it has no such method, and
+ * %G_IO_ERROR_INVALID_ARGUMENT when the arguments are others.
  */
 ORVANE_GTK_EXPORT void orvane_vistrel_invoke_async(OrvaneVistrel* self, const char* member,
                                                    GVariant* arguments, GCancellable* cancellable,

@@ -27,14 +27,29 @@ void keepResult(GTask* task, const Value& result) {
 }  // namespace
 
 SlowCall::SlowCall(ControlBase& control, int id, std::vector<Value> arguments, GTask* task, GSourceFunc ended)
-    : task_(task), worker_([&control, id, arguments = std::move(arguments), task, ended] {
-          Value result;
-          control.invoke(id, InvokeKind::Method, arguments, &result);
-          keepResult(task, result);
-          callInMainLoop(task, ended);
-      }) {}
+    : control_(control), id_(id), arguments_(std::move(arguments)), task_(task), ended_(ended) {}
 
-SlowCall::~SlowCall() { worker_.join(); }
+SlowCall::~SlowCall() {
+    begin();
+    if (worker_.joinable()) worker_.join();
+}
+
+void SlowCall::begin() noexcept {
+    if (begun_) return;
+    begun_ = true;
+    try {
+        worker_ = std::thread([this] { work(); });
+    } catch (...) {
+        work();
+    }
+}
+
+void SlowCall::work() noexcept {
+    Value result;
+    control_.invoke(id_, InvokeKind::Method, arguments_, &result);
+    keepResult(task_, result);
+    callInMainLoop(task_, ended_);
+}
 
 void refuse(GTask* task, GIOErrorEnum reason, const char* message) noexcept {
     g_task_return_new_error(task, G_IO_ERROR, reason, "%s", message);

@@ -12,18 +12,27 @@ namespace orvane::gtk {
 /// One method of a control, running on a thread of its own.
 class SlowCall {
  public:
-    /// Starts; throws when there is no thread to be had. `ended` is called with the task from the main loop
-    /// when the method has ended, and owns the task's reference then. The method's result is the task's data.
+    /// `ended` is called with the task from the main loop when the method has ended, and owns the task's
+    /// reference then. The method's result is the task's data.
     SlowCall(ControlBase& control, int id, std::vector<Value> arguments, GTask* task, GSourceFunc ended);
-    /// Waits for the end.
+    /// Waits for the end, and before that for the beginning if there was none.
     ~SlowCall();
     SlowCall(const SlowCall&) = delete;
     SlowCall& operator=(const SlowCall&) = delete;
 
+    /// Starts the thread; calls after the first do nothing. Without a thread to be had the method runs here.
+    void begin() noexcept;
     [[nodiscard]] bool isFor(const GTask* task) const noexcept { return task == task_; }
 
  private:
-    const GTask* task_;
+    void work() noexcept;
+
+    ControlBase& control_;
+    int id_;
+    std::vector<Value> arguments_;
+    GTask* task_;
+    GSourceFunc ended_;
+    bool begun_ = false;
     std::thread worker_;
 };
 

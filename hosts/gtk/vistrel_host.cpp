@@ -1,29 +1,43 @@
 #include "gtk/vistrel_host.h"
 
 #include <array>
+#include <utility>
 
 #include "gtk/member_rows.h"
 #include "gtk/values.h"
 
 namespace orvane::gtk {
 
-/// The scope of one call into the control. The widget lives at least as long, even if a signal handler drops
-/// it.
+/// Keeps the widget, and this host with it, even if a signal handler drops it.
+class VistrelHost::Hold {
+ public:
+    explicit Hold(GtkWidget* widget) : widget_(GTK_WIDGET(g_object_ref(widget))) {}
+    ~Hold() { g_object_unref(widget_); }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+
+ private:
+    GtkWidget* widget_;
+};
+
+/// The scope of one call into the control. A slow call that a signal handler starts begins when the scope
+/// ends: the control may still have something to do after the handler.
 class VistrelHost::Entry {
  public:
-    explicit Entry(VistrelHost& host) : host_(host), widget_(g_object_ref(host.widget_)) {
+    explicit Entry(VistrelHost& host) : hold_(host.widget_), host_(host) {
+        ++host_.entries_;
         if (host_.isBusy()) host_.finishSlowCall();
     }
     ~Entry() {
         host_.settle();
-        g_object_unref(widget_);
+        if (--host_.entries_ == 0) host_.beginSlowCall();
     }
     Entry(const Entry&) = delete;
     Entry& operator=(const Entry&) = delete;
 
  private:
+    Hold hold_;
     VistrelHost& host_;
-    GtkWidget* widget_;
 };
 
 VistrelHost::VistrelHost(GtkWidget* widget, const ClassData& classData) noexcept
@@ -42,11 +56,14 @@ VistrelHost::VistrelHost(GtkWidget* widget, const ClassData& classData) noexcept
 
 VistrelHost::~VistrelHost() {
     if (pictureChangedSource_ != 0) g_source_remove(pictureChangedSource_);
+    if (beginSource_ != 0) g_source_remove(beginSource_);
 }
 
 // --- members ---
 
 Value VistrelHost::call(int id, std::span<const Value> arguments) noexcept {
+    const Hold hold(widget_);
+    mouse_.deliver();
     const Entry entry(*this);
     firstView_.noteCall(id);
     Value result;
@@ -62,34 +79,57 @@ Value VistrelHost::get(int id) noexcept {
 }
 
 void VistrelHost::put(int id, const Value& value) noexcept {
+    const Hold hold(widget_);
+    mouse_.deliver();
     const Entry entry(*this);
     control_.invoke(id, InvokeKind::Put, {&value, 1});
 }
 
 bool VistrelHost::start(int id, std::vector<Value> arguments, GTask* task) noexcept try {
-    if (isBusy()) return false;
+    // A worker must not meet the Paste that goes on when the clipboard has answered.
+    if (ignoresInput()) return false;
     // The control may be between the press and the release of a gesture; what comes meanwhile is lost to it.
+    mouse_.deliver();
     mouse_.endGesture();
+    if (ignoresInput()) return false;  // what was handed over has started one
     firstView_.noteCall(id);
     slowCall_ = std::make_unique<SlowCall>(control_, id, std::move(arguments), task, [](gpointer ended) {
         auto* endedTask = static_cast<GTask*>(ended);
         auto* host = static_cast<VistrelHost*>(g_task_get_source_tag(endedTask));
         if (host->isBusy() && host->slowCall_->isFor(endedTask)) host->finishSlowCall();
         auto* result = static_cast<GVariant*>(g_task_get_task_data(endedTask));
-        g_task_return_pointer(endedTask, result != nullptr ? g_variant_ref(result) : nullptr, nullptr);
+        g_task_return_pointer(endedTask, result != nullptr ? g_variant_ref(result) : nullptr,
+                              GDestroyNotify(g_variant_unref));
         g_object_unref(endedTask);
         return G_SOURCE_REMOVE;
     });
+    if (entries_ == 0) {
+        beginSlowCall();
+    } else {
+        // The handler that is running may wait for the end with a main loop of its own.
+        const auto begin = [](gpointer host) -> gboolean {
+            static_cast<VistrelHost*>(host)->beginSlowCall();
+            return G_SOURCE_REMOVE;
+        };
+        beginSource_ = g_idle_add_full(G_PRIORITY_HIGH, begin, this, nullptr);
+    }
     g_object_notify_by_pspec(G_OBJECT(widget_), class_.busy);
     return true;
 } catch (...) {
     return false;
 }
 
+void VistrelHost::beginSlowCall() noexcept {
+    if (beginSource_ != 0) g_source_remove(std::exchange(beginSource_, 0));
+    if (isBusy()) slowCall_->begin();
+}
+
 void VistrelHost::finishSlowCall() noexcept {
+    if (beginSource_ != 0) g_source_remove(std::exchange(beginSource_, 0));
     slowCall_.reset();
-    if (resized_) {
-        resized_ = false;
+    if (newSize_) {
+        window_.setClientSize(*newSize_);
+        newSize_.reset();
         showInView();
     }
     settle();
@@ -113,11 +153,13 @@ IntSize VistrelHost::pictureSize() noexcept {
 // --- messages ---
 
 void VistrelHost::resize(IntSize size) noexcept {
-    if (firstView_.hasBegun() && size == clientSize()) return;
-    window_.setClientSize(size);
-    resized_ = isBusy();
-    if (isBusy()) return;
+    if (firstView_.hasBegun() && size == newSize_.value_or(clientSize())) return;
+    if (isBusy()) {
+        newSize_ = size;
+        return;
+    }
     const Entry entry(*this);
+    window_.setClientSize(size);
     showInView();
 }
 
@@ -132,9 +174,9 @@ void VistrelHost::showInView() noexcept {
     window_.wishRedraw();
 }
 
-GdkTexture* VistrelHost::frame() noexcept {
+const ViewTiles& VistrelHost::frame() noexcept {
     if (!isBusy() && window_.takeRedrawWish()) control_.onPaint();
-    return window_.texture();
+    return window_.tiles();
 }
 
 bool VistrelHost::press(IntPoint position) noexcept {
@@ -177,7 +219,10 @@ void VistrelHost::tick() noexcept {
 }
 
 void VistrelHost::setShown(bool shown) noexcept {
-    if (!shown) mouse_.endGesture();
+    if (!shown) {
+        mouse_.deliver();
+        mouse_.endGesture();
+    }
     window_.setShown(shown);
 }
 
@@ -187,6 +232,8 @@ void VistrelHost::destroyWindow() noexcept {
     control_.onDestroy();
     window_.setShown(false);
 }
+
+void VistrelHost::stopWaiting() noexcept { clipboard_.cancelRead(); }
 
 void VistrelHost::clipboardChanged() noexcept {
     if (!isBusy()) settle();

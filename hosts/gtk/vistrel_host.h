@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 
 #include <gtk/gtk.h>
@@ -42,7 +43,7 @@ class VistrelHost final : private EventSink {
     Value call(int id, std::span<const Value> arguments) noexcept;
     Value get(int id) noexcept;
     void put(int id, const Value& value) noexcept;
-    /// Starts a method on a worker. False while another one runs.
+    /// Starts a method on a worker. False while another one runs or waits for the clipboard.
     bool start(int id, std::vector<Value> arguments, GTask* task) noexcept;
     [[nodiscard]] bool isBusy() const noexcept { return slowCall_ != nullptr; }
     /// In device pixels. False when the position is not on the picture.
@@ -52,8 +53,8 @@ class VistrelHost final : private EventSink {
     // --- the widget's messages, in device pixels ---
 
     void resize(IntSize size) noexcept;
-    /// The picture of the next frame; null before there is one.
-    GdkTexture* frame() noexcept;
+    /// The picture of the next frame.
+    const ViewTiles& frame() noexcept;
     /// False when the press was dropped.
     bool press(IntPoint position) noexcept;
     void release(IntPoint position) noexcept;
@@ -62,6 +63,8 @@ class VistrelHost final : private EventSink {
     void dropFile(std::u16string_view path) noexcept;
     /// The widget comes on the screen, or leaves it.
     void setShown(bool shown) noexcept;
+    /// A member that waits for another program, if there is one, goes without its answer.
+    void stopWaiting() noexcept;
     /// The widget loses its window for good; members go on working.
     void destroyWindow() noexcept;
     /// The clipboard holds something else.
@@ -71,11 +74,13 @@ class VistrelHost final : private EventSink {
     [[nodiscard]] IntSize clientSize() const noexcept { return window_.outerSize(); }
 
  private:
+    class Hold;
     class Entry;
 
     void onEvent(EventId event, std::span<const Value> arguments) override;
     [[nodiscard]] bool ignoresInput() const noexcept { return isBusy() || clipboard_.isWaiting(); }
     void settle() noexcept;
+    void beginSlowCall() noexcept;
     void finishSlowCall() noexcept;
     void showInView() noexcept;
     [[nodiscard]] IntSize pictureSize() noexcept;
@@ -91,7 +96,9 @@ class VistrelHost final : private EventSink {
     PropertyWatch watch_;
     MouseInput mouse_;
     std::unique_ptr<SlowCall> slowCall_;  ///< null while none runs
-    bool resized_ = false;                ///< the control has not been told of the window's size
+    int entries_ = 0;                     ///< calls into the control that have not returned
+    guint beginSource_ = 0;               ///< begins a slow call if nothing else does
+    std::optional<IntSize> newSize_;      ///< of the window, which a slow call is not to see change
     std::uint64_t pictureId_ = 0;
     guint pictureChangedSource_ = 0;
 };

@@ -117,15 +117,8 @@ void sizeAllocate(GtkWidget* widget, int width, int height, int) {
 
 void onScaleFactor(GtkWidget* widget, GParamSpec*, gpointer) { hostOf(widget).resize(deviceSize(widget)); }
 
-// The texture has one pixel for each pixel of the screen; it may be a frame behind the widget's size.
-void snapshot(GtkWidget* widget, GtkSnapshot* snapshot) {
-    GdkTexture* frame = hostOf(widget).frame();
-    if (frame == nullptr) return;
-    const auto scale = float(gtk_widget_get_scale_factor(widget));
-    const graphene_rect_t place = GRAPHENE_RECT_INIT(0, 0, float(gdk_texture_get_width(frame)) / scale,
-                                                     float(gdk_texture_get_height(frame)) / scale);
-    gtk_snapshot_append_texture(snapshot, frame, &place);
-}
+// The picture has one pixel for each pixel of the screen; it may be a frame behind the widget's size.
+void snapshot(GtkWidget* widget, GtkSnapshot* snapshot) { hostOf(widget).frame().append(snapshot); }
 
 void map(GtkWidget* widget) {
     GTK_WIDGET_CLASS(orvane_vistrel_parent_class)->map(widget);
@@ -149,7 +142,10 @@ void realize(GtkWidget* widget) {
     hostOf(widget).clipboardChanged();
 }
 
+// A widget whose window is closed while a member runs is kept alive by it, and would be until the end of the
+// wait.
 void unrealize(GtkWidget* widget) {
+    hostOf(widget).stopWaiting();
     g_signal_handlers_disconnect_matched(gtk_widget_get_clipboard(widget), G_SIGNAL_MATCH_DATA, 0, 0, nullptr,
                                          nullptr, widget);
     GTK_WIDGET_CLASS(orvane_vistrel_parent_class)->unrealize(widget);

@@ -14,6 +14,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
+WIDEST_BORDER = 16
 PATIENCE = float(os.environ.get("ORVANE_TEST_PATIENCE", "15"))
 
 
@@ -36,6 +37,7 @@ def wait_until(condition, what, patience=PATIENCE):
         if answer:
             return answer
         if time.monotonic() > deadline:
+            screenshot(os.path.join(os.environ.get("ORVANE_TEST_FOLDER", "."), "in-vain.png"))
             raise NotFound(f"waited {patience:g} s in vain for {what}")
         time.sleep(0.03)
 
@@ -78,11 +80,17 @@ class Window:
 
     def origin(self):
         """The screen position of the window's contents, inside the shadow that the program draws itself."""
-        text = run("xdotool", "getwindowgeometry", "--shell", self.identifier)
-        place = dict(line.split("=") for line in text.split())
-        extents = re.search(r"= (\d+), \d+, (\d+)", run("xprop", "-id", self.identifier, "_GTK_FRAME_EXTENTS"))
-        left, top = (int(n) for n in extents.groups()) if extents else (0, 0)
-        return int(place["X"]) + left, int(place["Y"]) + top
+        text = run("xwininfo", "-id", self.identifier)
+        left, top, width = (
+            int(re.search(rf"{what}:\s+(-?\d+)", text)[1]) for what in ("left X", "left Y", "Width")
+        )
+        # Around its contents a window may have a shadow, or a border to drag it by, as wide on all sides.
+        shadow = re.search(r"= (\d+), \d+, (\d+)", run("xprop", "-id", self.identifier, "_GTK_FRAME_EXTENTS"))
+        if shadow:
+            return left + int(shadow[1]), top + int(shadow[2])
+        border = (width - self.frame.get_extents(Atspi.CoordType.WINDOW).width) // 2
+        border = border if 0 < border <= WIDEST_BORDER else 0  # what has no title may have been found as another window
+        return left + border, top + border
 
     def all(self, role, name=None):
         return [
@@ -138,7 +146,7 @@ class Program:
         """Its windows, the one that was opened last at the end."""
         program = self.accessible()
         frames = [program.get_child_at_index(i) for i in range(program.get_child_count())] if program else []
-        return [frame for frame in frames if frame is not None and frame.get_state_set().contains(Atspi.StateType.SHOWING)]
+        return [frame for frame in frames if frame is not None and is_visible(frame)]
 
     def window(self, title, patience=PATIENCE):
         """The window whose title matches the regular expression."""

@@ -1,0 +1,235 @@
+// The widget in a window, used with a real pointer.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include <orvane/headless_window.h>
+#include <orvane/vistrel.h>
+
+#include "hosts/gtk/support/screen.h"
+
+namespace orvane::test {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr int kRectangle = 11, kPencil = 3, kTrackPoint = 21;
+
+/// Counts the notifications of properties, by name.
+class Notices {
+ public:
+    explicit Notices(OrvaneVistrel* control) : control_(control) {
+        const auto note = +[](GObject*, GParamSpec* property, gpointer self) {
+            static_cast<Notices*>(self)->names_.emplace_back(property->name);
+        };
+        handler_ = g_signal_connect(control, "notify", G_CALLBACK(note), this);
+    }
+    ~Notices() { g_signal_handler_disconnect(control_, handler_); }
+    Notices(const Notices&) = delete;
+    Notices& operator=(const Notices&) = delete;
+    std::vector<std::string> take() { return std::exchange(names_, {}); }
+
+ private:
+    OrvaneVistrel* control_;
+    gulong handler_;
+    std::vector<std::string> names_;
+};
+
+/// The same picture as in the widget, in a control without a toolkit.
+class Twin {
+ public:
+    explicit Twin(int mode) : control(window_) {
+        control.onSize(Screen::kWidth, Screen::kHeight);
+        control.NewImage(Screen::kWidth, Screen::kHeight);
+        control.put_PaintStatus(mode);
+    }
+    void drag(const std::vector<ScreenPoint>& points) {
+        window_.movePointer({points.front().x, points.front().y});
+        control.onLeftDown(points.front().x, points.front().y);
+        for (const ScreenPoint& p : points) {
+            window_.movePointer({p.x, p.y});
+            control.onMouseMove(p.x, p.y, {true, false});
+        }
+        control.onLeftUp(points.back().x, points.back().y);
+    }
+    std::vector<unsigned char> pixels() { return control.GetImageArray(); }
+
+ private:
+    HeadlessWindow window_{Screen::kWidth, Screen::kHeight};
+
+ public:
+    Vistrel control;
+};
+
+class Widget : public testing::Test {
+ protected:
+    void begin(int mode) {
+        orvane_vistrel_new_image(screen.control(), Screen::kWidth, Screen::kHeight);
+        orvane_vistrel_set_paint_status(screen.control(), mode);
+        screen.settle();
+    }
+    Screen screen;
+};
+
+TEST_F(Widget, AHandDrawsWhatTheControlDraws) {
+    begin(kRectangle);
+    Twin twin(kRectangle);
+    const std::vector<ScreenPoint> way = {{40, 50}, {90, 80}, {211, 163}};
+    drag(way);
+    twin.drag(way);
+    orvane_vistrel_accept(screen.control());
+    twin.control.Accept();
+    const auto pixels = pixelsOf(screen.control());
+    EXPECT_EQ(pixels, twin.pixels());
+    EXPECT_TRUE(orvane_vistrel_get_modified(screen.control()));
+}
+
+TEST_F(Widget, ADragGoesOnOutsideTheWindow) {
+    begin(kPencil);
+    Twin twin(kPencil);
+    const std::vector<ScreenPoint> way = {{300, 200}, {390, 290}, {450, 340}, {330, 120}};
+    drag(way);
+    twin.drag(way);
+    EXPECT_EQ(pixelsOf(screen.control()), twin.pixels());
+}
+
+TEST_F(Widget, PropertiesNotifyOnceWhenTheyChange) {
+    OrvaneVistrel* control = screen.control();
+    Notices notices(control);
+    orvane_vistrel_set_pen_width(control, 5);
+    EXPECT_THAT(notices.take(), ElementsAre("pen-width"));
+    orvane_vistrel_set_pen_width(control, 5);
+    orvane_vistrel_set_pen_width(control, -3);
+    EXPECT_THAT(notices.take(), ElementsAre());
+    g_object_set(control, "pen-width", 8, "pen-width", 900, nullptr);
+    EXPECT_THAT(notices.take(), ElementsAre("pen-width")) << "no pen is that wide";
+
+    begin(kRectangle);
+    notices.take();
+    drag({{40, 50}, {90, 80}});
+    EXPECT_THAT(notices.take(), testing::Not(testing::Contains("undo-enable")));
+    orvane_vistrel_accept(control);
+    EXPECT_THAT(notices.take(), testing::IsSupersetOf({"modified", "undo-enable"}));
+    orvane_vistrel_undo(control);
+    EXPECT_THAT(notices.take(), testing::IsSupersetOf({"undo-enable", "redo-enable"}));
+}
+
+TEST_F(Widget, TwoOfThemAreStrangers) {
+    begin(kRectangle);
+    Screen other;  // in front of the first, at the same place
+    orvane_vistrel_new_image(other.control(), Screen::kWidth, Screen::kHeight);
+    orvane_vistrel_set_paint_status(other.control(), kPencil);
+    other.settle();
+    const guint64 first = orvane_vistrel_get_picture_serial(screen.control());
+    const guint64 second = orvane_vistrel_get_picture_serial(other.control());
+    drag({{30, 30}, {60, 70}, {120, 40}});
+    EXPECT_EQ(orvane_vistrel_get_picture_serial(screen.control()), first);
+    EXPECT_NE(orvane_vistrel_get_picture_serial(other.control()), second);
+    EXPECT_EQ(orvane_vistrel_get_paint_status(screen.control()), kRectangle);
+}
+
+TEST_F(Widget, PicturePointsFollowTheScaleOfTheScreen) {
+    begin(kRectangle);
+    orvane_vistrel_actial_size(screen.control());
+    const int scale = gtk_widget_get_scale_factor(screen.widget());
+    int x = 0, y = 0, nextX = 0, nextY = 0;
+    orvane_vistrel_image_point_at(screen.control(), 190, 140, &x, &y);
+    orvane_vistrel_image_point_at(screen.control(), 200, 150, &nextX, &nextY);
+    EXPECT_EQ(nextX - x, 10 * scale);
+    EXPECT_EQ(nextY - y, 10 * scale);
+}
+
+struct AsyncEnd {
+    bool ended = false;
+    int code = -1;
+    static void onEnd(GObject* source, GAsyncResult* result, gpointer data) {
+        auto* self = static_cast<AsyncEnd*>(data);
+        GError* error = nullptr;
+        if (GVariant* value = orvane_vistrel_invoke_finish(ORVANE_VISTREL(source), result, &error))
+            g_variant_unref(value);
+        if (error != nullptr) self->code = error->code;
+        g_clear_error(&error);
+        self->ended = true;
+    }
+};
+
+TEST_F(Widget, ASlowMethodRunsBesideTheMainLoop) {
+    orvane_vistrel_new_image(screen.control(), 2000, 2000);
+    Notices notices(screen.control());
+    AsyncEnd first, second, wrongName, wrongArguments;
+    const auto start = [&](const char* member, GVariant* arguments, AsyncEnd& end) {
+        orvane_vistrel_invoke_async(screen.control(), member, arguments, nullptr, &AsyncEnd::onEnd, &end);
+    };
+    start("median", g_variant_new("(i)", 20), first);
+    EXPECT_TRUE(orvane_vistrel_get_busy(screen.control()));
+    EXPECT_FALSE(orvane_vistrel_get_undo_enable(screen.control()));
+    start("invert", nullptr, second);
+    ASSERT_TRUE(until([&] { return first.ended && second.ended; }));
+    EXPECT_EQ(first.code, -1);
+    EXPECT_EQ(second.code, G_IO_ERROR_PENDING);
+    EXPECT_FALSE(orvane_vistrel_get_busy(screen.control()));
+    EXPECT_THAT(notices.take(), testing::IsSupersetOf({"busy", "undo-enable", "busy"}));
+    start("no-such-method", nullptr, wrongName);
+    start("median", g_variant_new("(s)", "x"), wrongArguments);
+    ASSERT_TRUE(until([&] { return wrongName.ended && wrongArguments.ended; }));
+    EXPECT_EQ(wrongName.code, G_IO_ERROR_NOT_FOUND);
+    EXPECT_EQ(wrongArguments.code, G_IO_ERROR_INVALID_ARGUMENT);
+}
+
+/// Starts a slow method in the middle of something else.
+struct Starter {
+    OrvaneVistrel* control;
+    AsyncEnd end{};
+    guint64 before = 0, after = 0;
+    static void start(Starter* self) {
+        orvane_vistrel_invoke_async(self->control, "invert", nullptr, nullptr, &AsyncEnd::onEnd, &self->end);
+        self->before = orvane_vistrel_get_picture_serial(self->control);
+    }
+};
+
+TEST_F(Widget, SignalHandlersStartSlowMethods) {
+    begin(kTrackPoint);
+    Starter starter{screen.control()};
+    gulong id = g_signal_connect_swapped(screen.control(), "track-point-mouse-up",
+                                         G_CALLBACK(&Starter::start), &starter);
+    drag({{200, 150}, {220, 170}});
+    g_signal_handler_disconnect(screen.control(), id);
+    EXPECT_TRUE(until([&] { return starter.end.ended; }));
+    EXPECT_NE(orvane_vistrel_get_picture_serial(screen.control()), starter.before);
+
+    begin(kTrackPoint);
+    Starter waiting{screen.control()};
+    const auto wait = +[](Starter* self) {
+        Starter::start(self);
+        EXPECT_TRUE(until([self] { return self->end.ended; })) << "the handler may wait for the end itself";
+        self->after = orvane_vistrel_get_picture_serial(self->control);
+    };
+    id = g_signal_connect_swapped(screen.control(), "track-point-mouse-down", G_CALLBACK(wait), &waiting);
+    drag({{200, 150}, {220, 170}});
+    g_signal_handler_disconnect(screen.control(), id);
+    EXPECT_NE(waiting.after, waiting.before);
+}
+
+// A release waits for its frame; a start that comes before that hands it over, and its handler is faster.
+TEST_F(Widget, OneSlowMethodAtATimeWhenAStartHandsOverWhatWaits) {
+    begin(kTrackPoint);
+    Starter inner{screen.control()}, outer{screen.control()};
+    const gulong id = g_signal_connect_swapped(screen.control(), "track-point-mouse-up",
+                                               G_CALLBACK(&Starter::start), &inner);
+    GtkEventController* after = gtk_event_controller_legacy_new();  // the window's come after the widget's
+    const auto seen = +[](Starter* self, GdkEvent* event) -> gboolean {
+        if (gdk_event_get_event_type(event) == GDK_BUTTON_RELEASE) Starter::start(self);
+        return FALSE;
+    };
+    g_signal_connect_swapped(after, "event", G_CALLBACK(seen), &outer);
+    gtk_widget_add_controller(GTK_WIDGET(screen.window()), after);
+    drag({{200, 150}, {220, 170}});
+    g_signal_handler_disconnect(screen.control(), id);
+    EXPECT_TRUE(until([&] { return inner.end.ended && outer.end.ended; }));
+    EXPECT_EQ(inner.end.code, -1);
+    EXPECT_EQ(outer.end.code, G_IO_ERROR_PENDING);
+}
+
+}  // namespace
+}  // namespace orvane::test
