@@ -1,0 +1,232 @@
+"""Pictures and files: open, new, save as, recent, dropped, and the guard of unsaved changes."""
+
+import sys
+import time
+from pathlib import Path
+
+import desktop
+from studio import Canvas, Studio, difference, new_picture, pixels, run_tests, temporary, wait_changed
+
+HERE = Path(__file__).parent
+
+
+def gone(studio, title):
+    desktop.wait_until(
+        lambda: not any(w.get_name() == title for w in studio.program.windows()), f"{title!r} to close"
+    )
+
+
+def change(window):
+    desktop.press_keys("p")
+    Canvas(window).drag((-50, -40), (0, 10), (60, 30))
+    wait_changed(window)
+
+
+def type_name(studio, title, name):
+    dialog = studio.window(title)
+    desktop.press_keys("ctrl+a")
+    desktop.type_text(str(name))
+    return dialog
+
+
+def answer(studio, label):
+    """Presses the button of a question on top of a dialog."""
+
+    def question():
+        frames = studio.program.windows()
+        return frames[-1] if any(label in texts(frames[-1]) for _ in frames[-1:]) and len(frames) > 2 else None
+
+    found = desktop.wait_until(question, f"a question with {label!r}")
+    count = len(studio.program.windows())
+    studio.program.on_screen(found).click("label", label)
+    desktop.wait_until(lambda: len(studio.program.windows()) < count, "the question to close")
+
+
+def choose_format(studio, *keys):
+    for key in ("alt+f", "space", *keys, "Return"):
+        desktop.press_keys(key)
+        time.sleep(0.3)  # lists open and close with a movement
+
+
+def save_in_other_formats():
+    picture = new_picture(temporary("holiday.png"))
+    with Studio(picture) as studio:
+        window = studio.window("holiday.png")
+        change(window)
+        desktop.press_keys("ctrl+shift+s")
+        jpeg = temporary("holiday.jpg")
+        type_name(studio, "Save Picture As", jpeg)
+        desktop.press_keys("Return")
+        window = studio.window("^holiday.jpg")
+        assert jpeg.read_bytes()[:3] == b"\xff\xd8\xff"
+        wait_changed(window, False)
+
+        # A name without an extension gets the format's; a file that is there is not lost unasked.
+        before = picture.read_bytes()
+        desktop.press_keys("ctrl+shift+s")
+        type_name(studio, "Save Picture As", picture)
+        desktop.press_keys("Return")
+        answer(studio, "Cancel")
+        assert picture.read_bytes() == before
+        type_name(studio, "Save Picture As", picture)
+        desktop.press_keys("Return")
+        answer(studio, "Replace")
+        studio.window("^holiday.png")
+        assert picture.read_bytes() != before
+        desktop.press_keys("ctrl+shift+s")
+        written = jpeg.stat().st_mtime_ns
+        type_name(studio, "Save Picture As", temporary("holiday"))
+        choose_format(studio, "Down")  # from PNG to JPEG
+        desktop.press_keys("alt+s")
+        answer(studio, "Replace")
+        studio.window("^holiday.jpg")
+        assert jpeg.stat().st_mtime_ns > written
+
+        studio.assert_silent()
+
+
+def open_what_is_no_picture():
+    picture = new_picture(temporary("good.png"))
+    bad = temporary("bad.png")
+    bad.write_bytes(b"\x89PNG\r\n\x1a\nnothing")
+    with Studio(picture) as studio:
+        window = studio.window("good.png")
+        desktop.press_keys("ctrl+o")
+        studio.window("Open Pictures")
+        desktop.press_keys("ctrl+l")
+        desktop.type_text(str(bad))
+        desktop.press_keys("Return")
+        message = studio.window("^Orvane Studio$")
+        desktop.wait_until(
+            lambda: any("bad.png" in text for w in studio.program.windows() for text in texts(w)), "the message"
+        )
+        assert window.frame.get_name().startswith("good.png"), "what was open stays"
+        assert message
+        studio.assert_silent()
+
+
+def texts(frame):
+    return [node.get_name() for node in desktop.descendants(frame) if node.get_name()]
+
+
+def guard_unsaved_changes():
+    picture = new_picture(temporary("guarded.png"))
+    before = pixels(picture)
+    with Studio(picture) as studio:
+        window = studio.window("guarded.png")
+        change(window)
+        desktop.press_keys("ctrl+w")
+        studio.window("Unsaved changes").click("label", "Cancel")
+        gone(studio, "Unsaved changes")
+        assert window.frame.get_name().startswith("• ")
+        window.focus()
+        desktop.press_keys("ctrl+w")
+        studio.window("Unsaved changes").click("label", "Save")
+        assert studio.program.ended() == 0
+        assert difference(pixels(picture), before) > 0
+        studio.assert_silent()
+    kept = pixels(picture)
+    with Studio(picture) as studio:
+        window = studio.window("guarded.png")
+        change(window)
+        desktop.press_keys("ctrl+q")
+        studio.window("Unsaved changes").click("label", "Discard")
+        assert studio.program.ended() == 0
+        assert difference(pixels(picture), kept) == 0
+        studio.assert_silent()
+
+
+def closed_while_saving():
+    picture = new_picture(temporary("large.png"), 3000, 2000)
+    before = picture.read_bytes()
+    with Studio(picture) as studio:
+        window = studio.window("large.png")
+        change(window)
+        desktop.run("xdotool", "key", "--clearmodifiers", "ctrl+s", "ctrl+w")
+        assert studio.program.ended() == 0, "the window waits and has nothing to ask"
+        assert picture.read_bytes() != before
+        studio.assert_silent()
+    kept = picture.read_bytes()
+    with Studio(picture) as studio:
+        window = studio.window("large.png")
+        copy = temporary("large copy.png")
+        copy.unlink(missing_ok=True)
+        desktop.press_keys("ctrl+shift+s")
+        type_name(studio, "Save Picture As", copy)
+        desktop.press_keys("Return")
+        gone(studio, "Save Picture As")
+        window.focus()
+        desktop.press_keys("ctrl+w")
+        assert studio.program.ended() == 0
+        assert difference(pixels(copy), pixels(picture)) == 0
+        assert picture.read_bytes() == kept
+        studio.assert_silent()
+
+
+def new_and_two_windows():
+    picture = new_picture(temporary("first.png"))
+    with Studio(picture) as studio:
+        first = studio.window("first.png")
+        desktop.press_keys("ctrl+n")
+        studio.window("New Picture")
+        desktop.press_keys("Return")
+        second = studio.window("^Untitled")
+        assert "1280 × 800" in second.texts()
+        assert "400 × 300" in first.texts()
+        desktop.press_keys("ctrl+w")
+        gone(studio, "Untitled – Orvane Studio")
+        first.focus()
+        change(first)
+        studio.assert_silent()
+
+
+def drop_a_file():
+    picture = new_picture(temporary("there.png"))
+    with Studio() as studio:
+        window = studio.window("^Orvane Studio$")
+        source = desktop.Program(sys.executable, "-B", str(HERE / "drag_source.py"), str(picture))
+        try:
+            handle = source.window("Drag source")
+            x, y, width, height = handle.area(handle.find("label", "Drag me"))
+            canvas = Canvas(window)
+            target_x, target_y = canvas.at((0, 60))
+            start = [str(x + width // 2), str(y + height // 2)]
+            steps = ["mousemove", *start, "sleep", "0.1", "mousedown", "1", "sleep", "0.1"]
+            for k in range(1, 6):
+                part = [str(int(a) + (int(b) - int(a)) * k // 5) for a, b in zip(start, (target_x, target_y))]
+                steps += ["mousemove", *part, "sleep", "0.08"]
+            desktop.run("xdotool", *steps, "sleep", "0.3", "mouseup", "1")
+            studio.window("^there.png")
+        finally:
+            source.stop()
+        studio.assert_silent()
+
+
+def recent_files():
+    picture = new_picture(temporary("recent one.png"))
+    with Studio(picture) as studio:
+        studio.window("recent one.png")
+        time.sleep(1)  # the list is written some time later
+        desktop.press_keys("ctrl+q")
+        studio.program.ended()
+    with Studio() as studio:
+        studio.window("^Orvane Studio$")
+        desktop.press_keys("alt+f")
+        time.sleep(0.3)
+        desktop.press_keys("r")
+        time.sleep(0.3)
+        desktop.press_keys("Down", "Return")  # below the way back
+        studio.window("recent one.png")
+        studio.assert_silent()
+
+
+if __name__ == "__main__":
+    run_tests(
+        save_in_other_formats,
+        open_what_is_no_picture,
+        guard_unsaved_changes,
+        closed_while_saving,
+        new_and_two_windows,
+        drop_a_file,
+        recent_files,
+    )
