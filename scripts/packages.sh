@@ -10,6 +10,7 @@ packages_build=(
     libpango1.0-dev libfontconfig-dev            # text
     fonts-liberation                             # stands in for Arial, which captions are written in
     libgtk-4-dev libglib2.0-dev-bin              # the widget and the Studio
+    librsvg2-common                              # what its icons are read with
     gobject-introspection libgirepository1.0-dev # the widget in other languages
 )
 packages_test=(
@@ -20,6 +21,8 @@ packages_test=(
     dbus at-spi2-core gir1.2-atspi-2.0 x11-utils # what the Studio tells a screen reader, and its windows
     fonts-dejavu-core fonts-lohit-deva fonts-wqy-microhei  # Hebrew and Arabic, Devanagari, Chinese
 )
+packages_package=(dpkg-dev file binutils lintian)  # what scripts/package makes packages with
+packages_chroot=(debootstrap)                      # where scripts/check-packages tries them
 packages_bench=(libbenchmark-dev libopencv-dev libspng-dev libcairo2-dev)  # the peers that speed is compared with
 packages_ci=(clang libclang-rt-14-dev clang-format clang-tidy ccache shellcheck git)
 
