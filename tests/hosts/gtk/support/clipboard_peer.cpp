@@ -1,9 +1,11 @@
 #include "hosts/gtk/support/clipboard_peer.h"
 
+#include <cerrno>
 #include <csignal>
 #include <string_view>
 
 #include <gtk/gtk.h>
+#include <sys/wait.h>
 
 #include "hosts/gtk/support/main_loop.h"
 
@@ -93,8 +95,17 @@ ClipboardPeer::~ClipboardPeer() {
     g_object_unref(process_);
 }
 
-void ClipboardPeer::suspend() { g_subprocess_send_signal(process_, SIGSTOP); }
-void ClipboardPeer::resume() { g_subprocess_send_signal(process_, SIGCONT); }
+// GLib would send signals from a thread of its own, some time later.
+void ClipboardPeer::signal(int number, int awaited) {
+    const pid_t id = pid_t(g_ascii_strtoll(g_subprocess_get_identifier(process_), nullptr, 10));
+    kill(id, number);
+    siginfo_t info;
+    while (waitid(P_PID, id_t(id), &info, awaited) != 0 && errno == EINTR) {
+    }
+}
+
+void ClipboardPeer::suspend() { signal(SIGSTOP, WSTOPPED); }
+void ClipboardPeer::resume() { signal(SIGCONT, WCONTINUED); }
 
 bool ClipboardPeer::hasSucceeded() {
     return loopUntil([this] { return g_subprocess_get_identifier(process_) == nullptr; }) &&

@@ -23,7 +23,7 @@ class ClipboardPeer {
     ClipboardPeer(const ClipboardPeer&) = delete;
     ClipboardPeer& operator=(const ClipboardPeer&) = delete;
 
-    /// It does nothing any more, and does not answer, until it is resumed.
+    /// When this returns, the peer does nothing any more, and does not answer, until it is resumed.
     void suspend();
     void resume();
     /// Lets this program's main loop run until the other one has ended; whether it succeeded.
@@ -31,6 +31,8 @@ class ClipboardPeer {
 
  private:
     ClipboardPeer(const char* task, const std::vector<File>& files);
+    /// Returns when the peer has come to that state.
+    void signal(int number, int awaited);
     GSubprocess* process_;
 };
 
