@@ -74,6 +74,7 @@ void pressRotationBar(Control& control, IntPoint mouse) {
     if (!applies && !bar.cancelHit(mouse)) return;
     if (applies) applyRotation(control.document);
     control.SetPaintStatus(PaintMode::None);
+    control.updateToolBounds();
     control.refresh();
     control.fire(applies ? EventId::OnHitApplyRotate : EventId::OnHitCancelRotate);
 }

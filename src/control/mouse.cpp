@@ -53,9 +53,11 @@ void VistrelControl::drag(IntPoint mouse) noexcept {
     if (isScrollWindowShown() && scrollWindow.isDragging()) {
         if (!scrollWindow.drag(mouse)) return;
         scrollTo(document, scrollWindow.targetPoint());
+        updateToolBounds();
         return refresh();
     }
     if (panTo(document, mouse)) {
+        updateToolBounds();
         refresh();
     } else {
         run(rulesOf(paintStatus).drag, *this, mouse);

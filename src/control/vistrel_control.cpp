@@ -157,6 +157,7 @@ void VistrelControl::onSize(int width, int height) noexcept {
     backBuffer = PixelSurface::create(width, height);
     document.view.setViewSize({width, height}, document.size());
     tools.setClientSize({width, height});
+    updateToolBounds();
     rotationBar.layout({width, height});
     scrollWindow.setClientSize({width, height});
 }

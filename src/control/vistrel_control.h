@@ -44,7 +44,8 @@ class VistrelControl {
     /// Leaves the active paint mode and enters another; neither resets tools nor redraws.
     void SetPaintStatus(int mode) noexcept;
     void ResetAllTools() noexcept;
-    /// Hands the rectangle of the shown image to the tools that are confined to it.
+    /// Hands the rectangle of the shown image to the tools that are confined to it. Follows whatever moves
+    /// or resizes the image in the window.
     void updateToolBounds() noexcept;
     /// Keeps pending tool geometry on the same image pixels after a zoom change.
     void reprojectToolGeometry() noexcept;

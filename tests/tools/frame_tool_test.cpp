@@ -158,6 +158,30 @@ TEST(Crop, CutsTheImageToTheFrame) {
     EXPECT_EQ(control.document().size(), (IntSize{4, 4}));
 }
 
+TEST(Crop, FramesAreLaidWhereThePictureIs) {
+    TestControl control;
+    control.call("NewImage", {500, 200});
+    control.call("ActialSize");
+    const auto expectCurrent = [&control](const char* after) {
+        EXPECT_EQ(control.control().tools.crop.limit, control.document().imageRect()) << after;
+    };
+    control.control().onSize(600, 500);
+    expectCurrent("the window grew");
+    control.call("RotateFlip", {1});
+    expectCurrent("a quarter turn");
+    control.put("PaintStatus", 17);
+    control.drag({{300, 20}, {340, 480}});
+    control.call("Accept");
+    EXPECT_EQ(control.document().size(), (IntSize{41, 461})) << "where the picture was lying is no bound";
+
+    control.put("PaintStatus", 0);
+    control.control().onSize(400, 300);
+    const IntRect before = control.document().imageRect();
+    control.drag({{200, 150}, {200, 120}, {200, 170}});
+    ASSERT_NE(control.document().imageRect(), before);
+    expectCurrent("it was dragged by hand");
+}
+
 TEST(Selection, CrawlsAndGoesToTheClipboard) {
     TestControl control;
     control.put("BitmapBackColor", ColorValue{0x000000FF});

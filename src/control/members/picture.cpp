@@ -64,6 +64,7 @@ Value historyStep(VistrelControl& control, Arguments) {
 
 Value turn(VistrelControl& control, Arguments arguments) {
     rotateFlip(control.document, arguments[0].number());
+    control.updateToolBounds();
     control.refresh();
     return {};
 }
