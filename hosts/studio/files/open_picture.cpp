@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <utility>
+
 #include <glib/gstdio.h>
 
 #include "studio/files/recent_files.h"
@@ -11,19 +13,21 @@
 namespace orvane::studio {
 namespace {
 
-void onLoaded(StudioWindow& window, const std::string& path, bool opened) {
+using Failed = std::function<void()>;  ///< called when people have read why
+
+void onLoaded(StudioWindow& window, const std::string& path, bool opened, const Failed& failed) {
     if (opened) {
         window.picture().setFile(path);
         rememberRecent(path);
         return window.update();
     }
-    tellNotOpened(window, path);
+    tellNotOpened(window, path, failed);
 }
 
-void load(StudioWindow& window, const std::string& path) {
-    if (!g_utf8_validate(path.c_str(), -1, nullptr)) return onLoaded(window, path, false);
-    const std::function<void(GVariant*)> done = [&window, path](GVariant* result) {
-        onLoaded(window, path, result != nullptr && g_variant_get_boolean(result));
+void load(StudioWindow& window, const std::string& path, const Failed& failed) {
+    if (!g_utf8_validate(path.c_str(), -1, nullptr)) return onLoaded(window, path, false, failed);
+    const std::function<void(GVariant*)> done = [&window, path, failed](GVariant* result) {
+        onLoaded(window, path, result != nullptr && g_variant_get_boolean(result), failed);
     };
     window.picture().runSlow("load-image", g_variant_new("(s)", path.c_str()), "Opening",
                              window.whileOpen(done));
@@ -34,13 +38,17 @@ void load(StudioWindow& window, const std::string& path) {
 void openPath(StudioWindow& window, const std::string& path) {
     const bool free = window.picture().isEmpty() && !window.picture().isBusy();
     StudioWindow& target = free ? window : StudioWindow::open(window.application());
-    load(target, path);
+    const Failed closeIfMadeForIt = [&target, free] {
+        if (!free && target.picture().isEmpty()) gtk_window_close(target.window());
+    };
+    load(target, path, target.whileOpen(closeIfMadeForIt));
     gtk_window_present(target.window());
 }
 
-void tellNotOpened(StudioWindow& window, const std::string& path) {
+void tellNotOpened(StudioWindow& window, const std::string& path, std::function<void()> closed) {
     const std::unique_ptr<char, FreeText> name(g_filename_display_basename(path.c_str()));
-    showMessage(window.window(), std::string("“") + name.get() + "” was not opened", whyNotOpened(path));
+    showMessage(window.window(), std::string("“") + name.get() + "” was not opened", whyNotOpened(path),
+                std::move(closed));
 }
 
 std::string whyNotOpened(const std::string& path) {
