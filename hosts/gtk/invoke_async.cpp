@@ -52,8 +52,8 @@ void start(OrvaneVistrel* self, const char* name, GVariant* tuple, GTask* task) 
     if (method == nullptr) return refuse(task, G_IO_ERROR_NOT_FOUND, "There is no such method");
     auto arguments = argumentsOf(*method, tuple);
     if (!arguments) return refuse(task, G_IO_ERROR_INVALID_ARGUMENT, "The method has other parameters");
-    if (needsMainThread(*method)) return callAtOnce(self, method->id, task);
-    if (!startMember(self, method->id, std::move(*arguments), task)) {
+    if (needsMainThread(*method) && !isOccupied(self)) return callAtOnce(self, method->id, task);
+    if (needsMainThread(*method) || !startMember(self, method->id, std::move(*arguments), task)) {
         refuse(task, G_IO_ERROR_PENDING, "Another method is running");
     }
 } catch (...) {
@@ -73,6 +73,7 @@ void orvane_vistrel_invoke_async(OrvaneVistrel* self, const char* member, GVaria
     if (g_task_return_error_if_cancelled(task)) {
         g_object_unref(task);
     } else {
+        g_task_set_check_cancellable(task, FALSE);  // what has run is not told as cancelled
         orvane::gtk::start(self, member, tuple, task);
     }
     if (tuple != nullptr) g_variant_unref(tuple);

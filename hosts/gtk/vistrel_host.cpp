@@ -87,11 +87,11 @@ void VistrelHost::put(int id, const Value& value) noexcept {
 
 bool VistrelHost::start(int id, std::vector<Value> arguments, GTask* task) noexcept try {
     // A worker must not meet the Paste that goes on when the clipboard has answered.
-    if (ignoresInput()) return false;
+    if (isOccupied()) return false;
     // The control may be between the press and the release of a gesture; what comes meanwhile is lost to it.
     mouse_.deliver();
     mouse_.endGesture();
-    if (ignoresInput()) return false;  // what was handed over has started one
+    if (isOccupied()) return false;  // what was handed over has started one
     firstView_.noteCall(id);
     slowCall_ = std::make_unique<SlowCall>(control_, id, std::move(arguments), task, [](gpointer ended) {
         auto* endedTask = static_cast<GTask*>(ended);
@@ -140,7 +140,7 @@ bool VistrelHost::imagePointAt(IntPoint client, IntPoint& image) noexcept {
     if (isBusy()) return false;
     image = control_.imagePointAt(client);
     const IntSize picture = pictureSize();
-    return IntRect{0, 0, picture.width, picture.height}.contains(image);
+    return control_.showsImageAt(client) && IntRect{0, 0, picture.width, picture.height}.contains(image);
 }
 
 IntSize VistrelHost::pictureSize() noexcept {
@@ -180,7 +180,7 @@ const ViewTiles& VistrelHost::frame() noexcept {
 }
 
 bool VistrelHost::press(IntPoint position) noexcept {
-    if (ignoresInput()) return false;
+    if (isOccupied()) return false;
     const Entry entry(*this);
     window_.setPointer(position);
     control_.onLeftDown(position.x, position.y);
@@ -194,14 +194,14 @@ void VistrelHost::release(IntPoint position) noexcept {
 }
 
 void VistrelHost::rightPress(IntPoint position) noexcept {
-    if (ignoresInput()) return;
+    if (isOccupied()) return;
     const Entry entry(*this);
     window_.setPointer(position);
     control_.onRightDown(position.x, position.y);
 }
 
 void VistrelHost::move(IntPoint position, MouseButtons held) noexcept {
-    if (ignoresInput()) return;
+    if (isOccupied()) return;
     const Entry entry(*this);
     window_.setPointer(position);
     control_.onMouseMove(position.x, position.y, held);
@@ -213,7 +213,7 @@ void VistrelHost::dropFile(std::u16string_view path) noexcept {
 }
 
 void VistrelHost::tick() noexcept {
-    if (ignoresInput()) return;
+    if (isOccupied()) return;
     const Entry entry(*this);
     control_.onTimer();
 }

@@ -46,6 +46,8 @@ class VistrelHost final : private EventSink {
     /// Starts a method on a worker. False while another one runs or waits for the clipboard.
     bool start(int id, std::vector<Value> arguments, GTask* task) noexcept;
     [[nodiscard]] bool isBusy() const noexcept { return slowCall_ != nullptr; }
+    /// Busy, or waiting for another program's clipboard: then nothing else is started, and input is dropped.
+    [[nodiscard]] bool isOccupied() const noexcept { return isBusy() || clipboard_.isWaiting(); }
     /// In device pixels. False when the position is not on the picture.
     bool imagePointAt(IntPoint client, IntPoint& image) noexcept;
     [[nodiscard]] std::uint64_t pictureId() const noexcept { return pictureId_; }
@@ -78,7 +80,6 @@ class VistrelHost final : private EventSink {
     class Entry;
 
     void onEvent(EventId event, std::span<const Value> arguments) override;
-    [[nodiscard]] bool ignoresInput() const noexcept { return isBusy() || clipboard_.isWaiting(); }
     void settle() noexcept;
     void beginSlowCall() noexcept;
     void finishSlowCall() noexcept;

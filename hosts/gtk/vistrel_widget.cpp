@@ -1,4 +1,5 @@
 // The GObject class OrvaneVistrel: what GTK asks of a widget, passed on to the VistrelHost inside it.
+#include <cmath>
 #include <new>
 #include <vector>
 
@@ -60,7 +61,7 @@ GParamSpec* specificationOf(const PropertyRow& row, const Value& initial) {
         case ValueType::Boolean:
             return g_param_spec_boolean(row.name, nullptr, row.help, initial.boolean(), flags);
         case ValueType::Byte:
-            return g_param_spec_uint(row.name, nullptr, row.help, 0, 255, initial.byte(), flags);
+            return g_param_spec_uint(row.name, nullptr, row.help, 0, G_MAXUINT, initial.byte(), flags);
         case ValueType::Long:
             return g_param_spec_int(row.name, nullptr, row.help, G_MININT, G_MAXINT, initial.number(), flags);
         case ValueType::Double:
@@ -211,7 +212,8 @@ gboolean orvane_vistrel_image_point_at(OrvaneVistrel* self, double x, double y, 
     g_return_val_if_fail(ORVANE_IS_VISTREL(self), FALSE);
     const int scale = gtk_widget_get_scale_factor(GTK_WIDGET(self));
     IntPoint image;
-    const bool inside = hostOf(self).imagePointAt({int(x * scale), int(y * scale)}, image);
+    const IntPoint client{int(std::floor(x * scale)), int(std::floor(y * scale))};
+    const bool inside = hostOf(self).imagePointAt(client, image);
     if (image_x != nullptr) *image_x = image.x;
     if (image_y != nullptr) *image_y = image.y;
     return inside;
@@ -226,6 +228,8 @@ Value callMember(OrvaneVistrel* self, int id, std::initializer_list<Value> argum
 Value getMember(OrvaneVistrel* self, int id) noexcept { return hostOf(self).get(id); }
 
 void putMember(OrvaneVistrel* self, int id, const Value& value) noexcept { hostOf(self).put(id, value); }
+
+bool isOccupied(OrvaneVistrel* self) noexcept { return hostOf(self).isOccupied(); }
 
 bool startMember(OrvaneVistrel* self, int id, std::vector<Value> arguments, GTask* task) noexcept {
     g_task_set_source_tag(task, &hostOf(self));

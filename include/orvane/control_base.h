@@ -63,6 +63,8 @@ class ORVANE_EXPORT ControlBase {
     /// The image pixel that the window shows at a client pixel. Where the picture ends it goes on, negative
     /// on the left and above; (0, 0) while there is no picture.
     [[nodiscard]] IntPoint imagePointAt(IntPoint client) const noexcept;
+    /// Whether a client pixel lies in the rectangle in which the image is shown.
+    [[nodiscard]] bool showsImageAt(IntPoint client) const noexcept;
     /// Names the picture's present pixels: 0 while there is no picture, and another number, never used
     /// before, whenever they may have changed. Undo brings the old number back.
     [[nodiscard]] std::uint64_t pictureId() const noexcept;

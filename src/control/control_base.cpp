@@ -66,6 +66,11 @@ IntPoint ControlBase::imagePointAt(IntPoint client) const noexcept {
     return control_->toImage(client);
 }
 
+bool ControlBase::showsImageAt(IntPoint client) const noexcept {
+    return control_ != nullptr && !control_->document.isEmpty() &&
+           control_->document.imageRect().contains(client);
+}
+
 std::uint64_t ControlBase::pictureId() const noexcept {
     if (control_ == nullptr || control_->document.isEmpty()) return 0;
     return control_->document.currentSurface()->contentId();

@@ -140,6 +140,33 @@ TEST_F(Widget, PicturePointsFollowTheScaleOfTheScreen) {
     EXPECT_EQ(nextY - y, 10 * scale);
 }
 
+TEST_F(Widget, PositionsBesideThePictureAreNotOnIt) {
+    const int scale = gtk_widget_get_scale_factor(screen.widget());
+    const auto isOn = [this](double x) {
+        return orvane_vistrel_image_point_at(screen.control(), x, Screen::kHeight / 2, nullptr, nullptr) !=
+               FALSE;
+    };
+    orvane_vistrel_new_image(screen.control(), Screen::kWidth * scale + 2, 100);
+    orvane_vistrel_actial_size(screen.control());
+    EXPECT_TRUE(isOn(0)) << "the first column is the window's";
+    EXPECT_FALSE(isOn(-0.5));
+
+    orvane_vistrel_new_image(screen.control(), 20, 60);
+    for (int i = 0; i < 15; ++i) orvane_vistrel_zoom_in(screen.control());
+    int columns = 0;
+    for (int x = 0; x < Screen::kWidth; ++x) columns += isOn(x);
+    EXPECT_NEAR(columns * scale, 20 * orvane_vistrel_get_zoom(screen.control()), 2);
+}
+
+TEST_F(Widget, NumbersOutOfABytesRangeAreIgnoredLikeOthers) {
+    g_object_set(screen.control(), "pen-transparency", 90U, nullptr);
+    for (const guint tooLarge : {256U, 90000U, G_MAXUINT}) {
+        g_object_set(screen.control(), "pen-transparency", tooLarge, nullptr);
+        orvane_vistrel_set_pen_transparency(screen.control(), tooLarge);
+    }
+    EXPECT_EQ(orvane_vistrel_get_pen_transparency(screen.control()), 90U);
+}
+
 struct AsyncEnd {
     bool ended = false;
     int code = -1;
@@ -157,7 +184,7 @@ struct AsyncEnd {
 TEST_F(Widget, ASlowMethodRunsBesideTheMainLoop) {
     orvane_vistrel_new_image(screen.control(), 2000, 2000);
     Notices notices(screen.control());
-    AsyncEnd first, second, wrongName, wrongArguments;
+    AsyncEnd first, second, paste, wrongName, wrongArguments;
     const auto start = [&](const char* member, GVariant* arguments, AsyncEnd& end) {
         orvane_vistrel_invoke_async(screen.control(), member, arguments, nullptr, &AsyncEnd::onEnd, &end);
     };
@@ -165,9 +192,12 @@ TEST_F(Widget, ASlowMethodRunsBesideTheMainLoop) {
     EXPECT_TRUE(orvane_vistrel_get_busy(screen.control()));
     EXPECT_FALSE(orvane_vistrel_get_undo_enable(screen.control()));
     start("invert", nullptr, second);
-    ASSERT_TRUE(until([&] { return first.ended && second.ended; }));
+    start("paste", nullptr, paste);
+    EXPECT_TRUE(orvane_vistrel_get_busy(screen.control())) << "a paste does not wait for the end either";
+    ASSERT_TRUE(until([&] { return first.ended && second.ended && paste.ended; }));
     EXPECT_EQ(first.code, -1);
     EXPECT_EQ(second.code, G_IO_ERROR_PENDING);
+    EXPECT_EQ(paste.code, G_IO_ERROR_PENDING);
     EXPECT_FALSE(orvane_vistrel_get_busy(screen.control()));
     EXPECT_THAT(notices.take(), testing::IsSupersetOf({"busy", "undo-enable", "busy"}));
     start("no-such-method", nullptr, wrongName);
@@ -175,6 +205,22 @@ TEST_F(Widget, ASlowMethodRunsBesideTheMainLoop) {
     ASSERT_TRUE(until([&] { return wrongName.ended && wrongArguments.ended; }));
     EXPECT_EQ(wrongName.code, G_IO_ERROR_NOT_FOUND);
     EXPECT_EQ(wrongArguments.code, G_IO_ERROR_INVALID_ARGUMENT);
+}
+
+TEST_F(Widget, OnlyWhatHasNotBegunIsCancelled) {
+    orvane_vistrel_new_image(screen.control(), 1000, 1000);
+    GCancellable* cancellable = g_cancellable_new();
+    AsyncEnd begun, late;
+    const auto start = [&](AsyncEnd& end) {
+        orvane_vistrel_invoke_async(screen.control(), "invert", nullptr, cancellable, &AsyncEnd::onEnd, &end);
+    };
+    start(begun);
+    g_cancellable_cancel(cancellable);
+    start(late);
+    EXPECT_TRUE(until([&] { return begun.ended && late.ended; }));
+    EXPECT_EQ(begun.code, -1) << "it has changed the picture";
+    EXPECT_EQ(late.code, G_IO_ERROR_CANCELLED);
+    g_object_unref(cancellable);
 }
 
 /// Starts a slow method in the middle of something else.
