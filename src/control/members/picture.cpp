@@ -102,7 +102,8 @@ Value cut(VistrelControl& control, Arguments) {
 Value paste(VistrelControl& control, Arguments) {
     if (control.document.isEmpty()) return {};
     PixelSurface picture = pictureOnClipboard(control);
-    if (!picture.isNull()) control.placeStamp(std::move(picture));
+    // While the clipboard's owner was waited for, the host may have dropped the image.
+    if (!picture.isNull() && !control.document.isEmpty()) control.placeStamp(std::move(picture));
     return {};
 }
 
