@@ -68,6 +68,12 @@ class ORVANE_EXPORT ControlBase {
     /// Names the picture's present pixels: 0 while there is no picture, and another number, never used
     /// before, whenever they may have changed. Undo brings the old number back.
     [[nodiscard]] std::uint64_t pictureId() const noexcept;
+    /// Whether something is placed that `Accept` would draw, and that another mode would drop. Frames of the
+    /// crop and the selection are not, and a rotation has buttons of its own.
+    [[nodiscard]] bool holdsResult() const noexcept;
+    /// `DrawString` for a text that is being typed: one that is placed already changes its words and keeps
+    /// its place; a new one comes to the top-left corner of what the window shows of the picture.
+    void typeText(std::u16string_view text) noexcept;
 
  protected:
     Value call(int id, std::initializer_list<Value> arguments) noexcept;

@@ -76,6 +76,16 @@ std::uint64_t ControlBase::pictureId() const noexcept {
     return control_->document.currentSurface()->contentId();
 }
 
+bool ControlBase::holdsResult() const noexcept {
+    if (control_ == nullptr || control_->document.isEmpty()) return false;
+    const PaintTool* tool = control_->tools.ofMode(control_->paintStatus);
+    return tool != nullptr && tool->holdsResult();
+}
+
+void ControlBase::typeText(std::u16string_view text) noexcept {
+    if (control_ != nullptr && !control_->document.isEmpty()) control_->retypeText(text);
+}
+
 Value ControlBase::call(int id, std::initializer_list<Value> arguments) noexcept {
     Value result;
     invoke(id, InvokeKind::Method, {arguments.begin(), arguments.size()}, &result);

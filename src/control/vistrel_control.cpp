@@ -104,6 +104,16 @@ void VistrelControl::placeText(std::u16string_view string) noexcept {
     refresh();
 }
 
+void VistrelControl::retypeText(std::u16string_view string) noexcept {
+    const IntPoint corner = toWindow({0, 0});
+    const bool typesOn = paintStatus == PaintMode::Text && tools.text.isPlaced();
+    const bool taken = typesOn ? tools.text.setText(string)
+                               : tools.text.place(string, {std::max(corner.x, 0), std::max(corner.y, 0)});
+    if (!taken) return;
+    if (paintStatus != PaintMode::Text) SetPaintStatus(PaintMode::Text);
+    refresh();
+}
+
 void VistrelControl::CommitPending() noexcept {
     if (!document.isEmpty() && rulesOf(paintStatus).acceptCommits) commit(*tools.ofMode(paintStatus));
 }

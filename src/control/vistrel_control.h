@@ -71,6 +71,9 @@ class VistrelControl {
     /// corner.
     void placeStamp(PixelSurface picture) noexcept;
     void placeText(std::u16string_view string) noexcept;
+    /// For a text that is being typed: one that is placed already changes its words and keeps its place; a
+    /// new one comes to the top-left corner of what is shown of the image.
+    void retypeText(std::u16string_view string) noexcept;
     /// The body of `Accept`: the active tool's pending result goes into the image.
     void CommitPending() noexcept;
 

@@ -29,6 +29,7 @@ class BoxTool : public PaintTool {
     [[nodiscard]] CursorId HitCursor(IntPoint mouse) const noexcept override;
     /// Whether a box is being laid out.
     [[nodiscard]] bool awaitsSecondPoint() const noexcept override { return !placed && holdsBox(); }
+    [[nodiscard]] bool holdsResult() const noexcept override { return placed && holdsBox(); }
     /// A gradient runs across the box, with its size in window pixels and its corner mapped.
     void commit(ImageDocument& document, PointMap toImage) noexcept override;
     void reproject(PointMap toNewZoom) noexcept override;

@@ -23,6 +23,7 @@ class LineTool final : public PaintTool {
     [[nodiscard]] CursorId HitCursor(IntPoint mouse) const noexcept override;
     /// Whether the end point is still unset.
     [[nodiscard]] bool awaitsSecondPoint() const noexcept override { return ends[1] == kUnsetPoint; }
+    [[nodiscard]] bool holdsResult() const noexcept override { return holdsLine(); }
     void commit(ImageDocument& document, PointMap toImage) noexcept override;
     void reproject(PointMap toNewZoom) noexcept override;
 

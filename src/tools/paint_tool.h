@@ -51,6 +51,8 @@ class PaintTool {
     /// Adds a point to a stroke; answers whether the stroke changed.
     virtual bool AppendPoint(IntPoint /*point*/) noexcept { return false; }
 
+    /// Whether there is a pending result that a commit on the host's command would draw.
+    [[nodiscard]] virtual bool holdsResult() const noexcept { return false; }
     /// Draws the pending result into the image as one history step and resets the tool; a result that is
     /// not complete stays pending and the image as it is.
     virtual void commit(ImageDocument& /*document*/, PointMap /*toImage*/) noexcept {}

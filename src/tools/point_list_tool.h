@@ -30,6 +30,7 @@ class PointListTool : public PaintTool {
     [[nodiscard]] CursorId HitCursor(IntPoint mouse) const noexcept override;
     /// Adds a vertex that differs from the last one.
     bool AppendPoint(IntPoint point) noexcept override;
+    [[nodiscard]] bool holdsResult() const noexcept override { return isComplete(); }
     /// A gradient keeps the size that it had in the overlay; its corner is mapped.
     void commit(ImageDocument& document, PointMap toImage) noexcept override;
     void reproject(PointMap toNewZoom) noexcept override;

@@ -17,6 +17,7 @@ class TextBoxTool : public PaintTool {
     bool OnMouseMove(IntPoint mouse) noexcept override;
     void OnMouseUp(IntPoint /*mouse*/) noexcept override {}
     [[nodiscard]] CursorId HitCursor(IntPoint mouse) const noexcept override;
+    [[nodiscard]] bool holdsResult() const noexcept override { return holdsContent(); }
     void reproject(PointMap toNewZoom) noexcept override;
 
     IntRect box;          ///< window pixels

@@ -8,12 +8,15 @@
 
 namespace orvane {
 
+bool TextTool::setText(std::u16string_view newText) noexcept try {
+    text = std::u16string(newText);
+    return true;
+} catch (...) {
+    return false;
+}
+
 bool TextTool::place(std::u16string_view newText, IntPoint corner) noexcept {
-    try {
-        text = std::u16string(newText);
-    } catch (...) {
-        return false;
-    }
+    if (!setText(newText)) return false;
     const IntPoint origin = bounded(corner);
     box.x = origin.x + 1;
     box.y = origin.y + 1;

@@ -19,6 +19,10 @@ class TextTool final : public TextBoxTool {
              const TextSettings& sharedFont) noexcept
         : TextBoxTool(sharedPen, sharedBrush), font(sharedFont) {}
 
+    /// Whether a text was placed since the last Reset, even one without letters.
+    [[nodiscard]] bool isPlaced() const noexcept { return box != IntRect{}; }
+    /// Gives the placed text other words. False, and nothing has changed, when memory ran out.
+    [[nodiscard]] bool setText(std::u16string_view newText) noexcept;
     /// Takes over a text and puts its origin one pixel right of and below `corner`, the image's top-left
     /// corner in the window. Answers false, and changes nothing, when memory ran out.
     [[nodiscard]] bool place(std::u16string_view newText, IntPoint corner) noexcept;
