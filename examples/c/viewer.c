@@ -4,6 +4,8 @@
  *
  * The control does the work. The window around it is plain GTK: actions, buttons that name them, and keys. */
 
+#include <string.h>
+
 #include <orvane-gtk.h>
 
 typedef struct {
@@ -18,12 +20,17 @@ static const struct {
     int value;
 } tools[] = {{"None", 0}, {"Line", 1}, {"Pencil", 3}, {"Ellipse", 8}, {"Rectangle", 11}};
 
-/* The kind of file that orvane_vistrel_save_image() writes, by the name's end. */
+/* The kind of file that orvane_vistrel_save_image() writes, by the name's end; -1 for one that it does not.
+ */
 static int file_kind(const char* name) {
-    static const char* const ends[] = {".bmp", ".jpg", ".gif", ".tif", ".png"};
-    for (int kind = 0; kind < (int)G_N_ELEMENTS(ends); ++kind)
-        if (g_str_has_suffix(name, ends[kind])) return kind;
-    return 4;
+    static const struct {
+        const char* end;
+        int kind;
+    } rows[] = {{".bmp", 0}, {".jpg", 1}, {".jpeg", 1}, {".gif", 2}, {".tif", 3}, {".tiff", 3}, {".png", 4}};
+    const char* end = strrchr(name, '.');
+    for (size_t i = 0; end && i < G_N_ELEMENTS(rows); ++i)
+        if (g_ascii_strcasecmp(end, rows[i].end) == 0) return rows[i].kind;
+    return -1;
 }
 
 /* The title is the file's name, with a star before it while there is something to save. */
@@ -69,8 +76,9 @@ static void on_save(GSimpleAction* action, GVariant* parameter, gpointer data) {
     Viewer* viewer = data;
     if (!viewer->file) return;
     char* path = g_file_get_path(viewer->file);
+    const int kind = file_kind(path);
     orvane_vistrel_accept(viewer->picture); /* what is still being dragged belongs to the picture, too */
-    if (!orvane_vistrel_save_image(viewer->picture, path, file_kind(path)))
+    if (kind < 0 || !orvane_vistrel_save_image(viewer->picture, path, kind))
         gtk_window_set_title(viewer->window, "The picture could not be saved");
     g_free(path);
 }
