@@ -1,5 +1,7 @@
 #pragma once
 
+#include <orvane/geometry.h>
+
 namespace orvane::gtk {
 
 /// A picture that is loaded is fitted into the view. A widget has no view before it is shown for the first
@@ -29,16 +31,18 @@ class FirstView {
         }
     }
     [[nodiscard]] bool hasBegun() const noexcept { return begun_; }
-    /// The widget has a view: whether the picture is to be fitted as by a load. True at most once.
-    [[nodiscard]] bool begin() noexcept {
-        const bool fit = fitPending_ && !begun_;
+    /// The widget has a view: whether the picture is to be fitted as by a load. True at most once. A view too
+    /// small to fit anything into, such as that of a closed pane, does not count.
+    [[nodiscard]] bool begin(IntSize view) noexcept {
+        if (begun_ || view.width <= kFitMargin || view.height <= kFitMargin) return false;
         begun_ = true;
-        return fit;
+        return fitPending_;
     }
 
     static constexpr int kActialSize = 0x25, kZoomToFit = 0x26;
 
  private:
+    static constexpr int kFitMargin = 8;  ///< what a fit leaves free in each direction
     static constexpr int kLoadImage = 0x01, kZoomIn = 0x22, kZoomOut = 0x23, kNewImage = 0x58,
                          kLoadFromImageArray = 0x77;
 

@@ -23,6 +23,10 @@ void HostWindow::apply() noexcept {
     if (redrawWanted_) gtk_widget_queue_draw(widget_);
 }
 
+bool HostWindow::isOfAnotherScale() const noexcept {
+    return !tiles_.isEmpty() && tiles_.scale() != gtk_widget_get_scale_factor(widget_);
+}
+
 void HostWindow::present(PixelView picture) {
     GtkNative* native = gtk_widget_get_native(widget_);
     const bool software = native != nullptr && GSK_IS_CAIRO_RENDERER(gtk_native_get_renderer(native));

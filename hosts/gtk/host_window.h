@@ -32,6 +32,8 @@ class HostWindow final : public WindowServices {
     [[nodiscard]] bool takeRedrawWish() noexcept { return redrawWanted_.exchange(false); }
     void wishRedraw() noexcept { redrawWanted_ = true; }
     [[nodiscard]] bool isCaptured() const noexcept { return captured_; }
+    /// Whether the picture last presented is that of a screen with another scale.
+    [[nodiscard]] bool isOfAnotherScale() const noexcept;
     /// The picture last presented; nothing before the first.
     [[nodiscard]] const ViewTiles& tiles() const noexcept { return tiles_; }
 

@@ -27,7 +27,8 @@ bool needsMainThread(const MethodRow& method) {
 }
 
 std::optional<std::vector<Value>> argumentsOf(const MethodRow& method, GVariant* tuple) {
-    const gsize count = tuple != nullptr && g_variant_is_container(tuple) ? g_variant_n_children(tuple) : 0;
+    const bool given = tuple != nullptr && g_variant_is_of_type(tuple, G_VARIANT_TYPE_TUPLE);
+    const gsize count = given ? g_variant_n_children(tuple) : 0;
     if (count != gsize(method.parameterCount)) return std::nullopt;
     std::vector<Value> arguments;
     for (gsize i = 0; i < count; ++i) {
@@ -42,8 +43,7 @@ std::optional<std::vector<Value>> argumentsOf(const MethodRow& method, GVariant*
 
 void callAtOnce(OrvaneVistrel* self, int id, GTask* task) {
     callMember(self, id, {});
-    g_task_return_pointer(task, nullptr, nullptr);
-    g_object_unref(task);
+    answerSoon(task);
 }
 
 /// Takes over the reference to the task.

@@ -64,7 +64,8 @@ void MouseInput::onEvent(GdkEvent* event) noexcept {
         case GDK_TOUCH_END:
         case GDK_TOUCH_CANCEL: {
             const auto kind = Kind(int(Kind::TouchBegin) + int(type) - int(GDK_TOUCH_BEGIN));
-            post({kind, position, false, false, gdk_event_get_event_sequence(event)});
+            const bool first = gdk_touch_event_get_emulating_pointer(event) != FALSE;
+            post({kind, position, false, false, gdk_event_get_event_sequence(event), first});
             break;
         }
         default:
@@ -149,8 +150,12 @@ void MouseInput::onMotion(const Message& message) noexcept {
     host_.move(message.position, {pressed_, message.right});
 }
 
-// The first finger is the left button.
+// The first finger is the left button. If the one before has been kept from telling its end, it tells now.
 void MouseInput::onTouch(const Message& message) noexcept {
+    if (message.kind == Kind::TouchBegin && message.firstFinger && touch_ != nullptr) {
+        touch_ = nullptr;
+        release(last_);
+    }
     if (message.kind == Kind::TouchBegin && touch_ == nullptr && !pressed_) {
         touch_ = message.finger;
         return press(message.position);

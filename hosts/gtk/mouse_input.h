@@ -47,6 +47,7 @@ class MouseInput {
         IntPoint position;
         bool left = false, right = false;  ///< buttons held during a motion
         GdkEventSequence* finger = nullptr;
+        bool firstFinger = false;  ///< no other one was down when it came
     };
 
     void onEvent(GdkEvent* event) noexcept;

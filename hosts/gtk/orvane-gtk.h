@@ -79,6 +79,34 @@ ORVANE_GTK_EXPORT guint64 orvane_vistrel_get_picture_serial(OrvaneVistrel* self)
  */
 
 /**
+ * OrvaneVistrel:pending: (getter get_pending)
+ *
+ * Whether something is placed that orvane_vistrel_accept() would draw: a shape, a text, a stamp. Another
+ * paint mode drops it, and a file that is saved does not have it. The frames of the crop and the selection do
+ * not count.
+ */
+
+/**
+ * orvane_vistrel_get_pending: (get-property pending)
+ * @self: the control
+ *
+ * Whether something is placed that orvane_vistrel_accept() would draw.
+ *
+ * Returns: the answer
+ */
+ORVANE_GTK_EXPORT gboolean orvane_vistrel_get_pending(OrvaneVistrel* self);
+
+/**
+ * orvane_vistrel_type_text:
+ * @self: the control
+ * @text: the words so far
+ *
+ * orvane_vistrel_draw_string() for a text that is being typed: one that is placed already changes its words
+ * and keeps its place; a new one comes to the upper left corner of what is shown of the picture.
+ */
+ORVANE_GTK_EXPORT void orvane_vistrel_type_text(OrvaneVistrel* self, const char* text);
+
+/**
  * OrvaneVistrel:busy: (getter get_busy)
  *
  * Whether a member runs that orvane_vistrel_invoke_async() started. A busy control shows its last picture and

@@ -51,9 +51,28 @@ void SlowCall::work() noexcept {
     callInMainLoop(task_, ended_);
 }
 
-void refuse(GTask* task, GIOErrorEnum reason, const char* message) noexcept {
-    g_task_return_new_error(task, G_IO_ERROR, reason, "%s", message);
+void answer(GTask* task) noexcept {
+    auto* result = static_cast<GVariant*>(g_task_get_task_data(task));
+    g_task_return_pointer(task, result != nullptr ? g_variant_ref(result) : nullptr, dropVariant);
     g_object_unref(task);
+}
+
+void answerSoon(GTask* task) noexcept {
+    callInMainLoop(task, [](gpointer answered) -> gboolean {
+        answer(static_cast<GTask*>(answered));
+        return G_SOURCE_REMOVE;
+    });
+}
+
+void refuse(GTask* task, GIOErrorEnum reason, const char* message) noexcept {
+    const auto dropError = [](gpointer error) { g_error_free(static_cast<GError*>(error)); };
+    g_task_set_task_data(task, g_error_new_literal(G_IO_ERROR, int(reason), message), dropError);
+    callInMainLoop(task, [](gpointer data) -> gboolean {
+        auto* refused = static_cast<GTask*>(data);
+        g_task_return_error(refused, g_error_copy(static_cast<GError*>(g_task_get_task_data(refused))));
+        g_object_unref(refused);
+        return G_SOURCE_REMOVE;
+    });
 }
 
 }  // namespace orvane::gtk

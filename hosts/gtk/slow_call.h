@@ -22,6 +22,7 @@ class SlowCall {
 
     /// Starts the thread; calls after the first do nothing. Without a thread to be had the method runs here.
     void begin() noexcept;
+    [[nodiscard]] bool hasBegun() const noexcept { return begun_; }
     [[nodiscard]] bool isFor(const GTask* task) const noexcept { return task == task_; }
 
  private:
@@ -36,7 +37,11 @@ class SlowCall {
     std::thread worker_;
 };
 
-/// The error domain's answer for a call that was refused, as a task.
+/// Ends a task with the result that is its data, and drops the reference.
+void answer(GTask* task) noexcept;
+/// Does so from the main loop. A task left to itself answers at once if the main loop has run since it began.
+void answerSoon(GTask* task) noexcept;
+/// The error domain's answer for a call that was refused, from the main loop too.
 void refuse(GTask* task, GIOErrorEnum reason, const char* message) noexcept;
 
 }  // namespace orvane::gtk

@@ -24,6 +24,8 @@ class ViewTiles {
     /// Without memory the last picture stays.
     void update(PixelView picture, int scale, Kind kind) noexcept;
     void append(GtkSnapshot* snapshot) const noexcept;
+    [[nodiscard]] bool isEmpty() const noexcept { return tiles_.empty(); }
+    [[nodiscard]] int scale() const noexcept { return scale_; }
 
  private:
     struct FreeSurface {

@@ -27,6 +27,7 @@ class VistrelHost::Entry {
     explicit Entry(VistrelHost& host) : hold_(host.widget_), host_(host) {
         ++host_.entries_;
         if (host_.isBusy()) host_.finishSlowCall();
+        host_.finishBegunCalls();
     }
     ~Entry() {
         host_.settle();
@@ -56,6 +57,7 @@ VistrelHost::VistrelHost(GtkWidget* widget, const ClassData& classData) noexcept
 
 VistrelHost::~VistrelHost() {
     if (pictureChangedSource_ != 0) g_source_remove(pictureChangedSource_);
+    if (settleSource_ != 0) g_source_remove(settleSource_);
     if (beginSource_ != 0) g_source_remove(beginSource_);
 }
 
@@ -85,6 +87,13 @@ void VistrelHost::put(int id, const Value& value) noexcept {
     control_.invoke(id, InvokeKind::Put, {&value, 1});
 }
 
+void VistrelHost::typeText(std::u16string_view text) noexcept {
+    const Hold hold(widget_);
+    mouse_.deliver();
+    const Entry entry(*this);
+    control_.typeText(text);
+}
+
 bool VistrelHost::start(int id, std::vector<Value> arguments, GTask* task) noexcept try {
     // A worker must not meet the Paste that goes on when the clipboard has answered.
     if (isOccupied()) return false;
@@ -97,10 +106,7 @@ bool VistrelHost::start(int id, std::vector<Value> arguments, GTask* task) noexc
         auto* endedTask = static_cast<GTask*>(ended);
         auto* host = static_cast<VistrelHost*>(g_task_get_source_tag(endedTask));
         if (host->isBusy() && host->slowCall_->isFor(endedTask)) host->finishSlowCall();
-        auto* result = static_cast<GVariant*>(g_task_get_task_data(endedTask));
-        g_task_return_pointer(endedTask, result != nullptr ? g_variant_ref(result) : nullptr,
-                              GDestroyNotify(g_variant_unref));
-        g_object_unref(endedTask);
+        answer(endedTask);
         return G_SOURCE_REMOVE;
     });
     if (entries_ == 0) {
@@ -119,9 +125,15 @@ bool VistrelHost::start(int id, std::vector<Value> arguments, GTask* task) noexc
     return false;
 }
 
+// Not while the clipboard is waited for: the paste goes on afterwards, and its end begins the call.
 void VistrelHost::beginSlowCall() noexcept {
     if (beginSource_ != 0) g_source_remove(std::exchange(beginSource_, 0));
-    if (isBusy()) slowCall_->begin();
+    if (isBusy() && !clipboard_.isWaiting()) slowCall_->begin();
+}
+
+// The end of one may have started the next, in a handler that waited for it too.
+void VistrelHost::finishBegunCalls() noexcept {
+    while (isBusy() && slowCall_->hasBegun()) finishSlowCall();
 }
 
 void VistrelHost::finishSlowCall() noexcept {
@@ -152,21 +164,25 @@ IntSize VistrelHost::pictureSize() noexcept {
 
 // --- messages ---
 
+// The toolkit asks for this in the middle of laying out the window, where a handler must not change another
+// widget's size. It tells of another scale even before it has given the widget a size.
 void VistrelHost::resize(IntSize size) noexcept {
+    if (size.width <= 0 || size.height <= 0) return;
     if (firstView_.hasBegun() && size == newSize_.value_or(clientSize())) return;
     if (isBusy()) {
         newSize_ = size;
         return;
     }
-    const Entry entry(*this);
     window_.setClientSize(size);
     showInView();
+    window_.apply();
+    settleSoon();
 }
 
 void VistrelHost::showInView() noexcept {
     const IntSize view = clientSize();
     control_.onSize(view.width, view.height);
-    if (firstView_.begin()) {
+    if (firstView_.begin(view)) {
         const IntSize picture = pictureSize();
         const bool large = picture.width >= view.width || picture.height >= view.height;
         control_.invoke(large ? FirstView::kZoomToFit : FirstView::kActialSize, InvokeKind::Method, {});
@@ -175,7 +191,7 @@ void VistrelHost::showInView() noexcept {
 }
 
 const ViewTiles& VistrelHost::frame() noexcept {
-    if (!isBusy() && window_.takeRedrawWish()) control_.onPaint();
+    if (!isBusy() && (window_.takeRedrawWish() || window_.isOfAnotherScale())) control_.onPaint();
     return window_.tiles();
 }
 
@@ -207,9 +223,18 @@ void VistrelHost::move(IntPoint position, MouseButtons held) noexcept {
     control_.onMouseMove(position.x, position.y, held);
 }
 
-void VistrelHost::dropFile(std::u16string_view path) noexcept {
+// The control only tells of it, so a slow call is not waited for.
+void VistrelHost::dropFile(std::u16string_view path) noexcept try {
+    const Hold hold(widget_);
+    mouse_.deliver();
+    if (isBusy()) {
+        const Value argument(path);
+        return emit(EventId::OnDropFile, {&argument, 1});
+    }
     const Entry entry(*this);
     control_.onDropFile(path);
+} catch (...) {
+    // Without memory the drop is lost.
 }
 
 void VistrelHost::tick() noexcept {
@@ -246,6 +271,20 @@ void VistrelHost::settle() noexcept {
     window_.apply();
     notePicture();
     watch_.update(control_, G_OBJECT(widget_), class_.properties);
+    if (std::exchange(pending_, control_.holdsResult()) != pending_)
+        g_object_notify_by_pspec(G_OBJECT(widget_), class_.pending);
+}
+
+void VistrelHost::settleSoon() noexcept {
+    if (settleSource_ != 0) return;
+    const auto due = [](gpointer data) -> gboolean {
+        auto* host = static_cast<VistrelHost*>(data);
+        const Hold hold(host->widget_);
+        host->settleSource_ = 0;
+        host->settle();
+        return G_SOURCE_REMOVE;
+    };
+    settleSource_ = g_idle_add_full(GTK_PRIORITY_RESIZE - 1, due, this, nullptr);
 }
 
 void VistrelHost::notePicture() noexcept {
@@ -263,6 +302,11 @@ void VistrelHost::notePicture() noexcept {
 }
 
 void VistrelHost::onEvent(EventId event, std::span<const Value> arguments) {
+    emit(event, arguments);
+    finishBegunCalls();
+}
+
+void VistrelHost::emit(EventId event, std::span<const Value> arguments) noexcept {
     std::array<GValue, 3> values{};
     g_value_init(values.data(), G_OBJECT_TYPE(widget_));
     g_value_set_object(values.data(), widget_);

@@ -28,7 +28,7 @@ class VistrelHost final : private EventSink {
     /// What the class of the widget has in common for all its instances.
     struct ClassData {
         GParamSpec* const* properties = nullptr;  ///< in the order of propertyRows()
-        GParamSpec* busy = nullptr;
+        GParamSpec *busy = nullptr, *pending = nullptr;
         const guint* signals = nullptr;  ///< in the order of signalRows()
         guint pictureChanged = 0;
     };
@@ -51,6 +51,9 @@ class VistrelHost final : private EventSink {
     /// In device pixels. False when the position is not on the picture.
     bool imagePointAt(IntPoint client, IntPoint& image) noexcept;
     [[nodiscard]] std::uint64_t pictureId() const noexcept { return pictureId_; }
+    /// Whether the control holds a result that Accept would draw.
+    [[nodiscard]] bool isPending() const noexcept { return isBusy() ? pending_ : control_.holdsResult(); }
+    void typeText(std::u16string_view text) noexcept;
 
     // --- the widget's messages, in device pixels ---
 
@@ -65,6 +68,8 @@ class VistrelHost final : private EventSink {
     void dropFile(std::u16string_view path) noexcept;
     /// The widget comes on the screen, or leaves it.
     void setShown(bool shown) noexcept;
+    /// The widget takes no input any more: the release of a button may not come.
+    void endGesture() noexcept { mouse_.endGesture(); }
     /// A member that waits for another program, if there is one, goes without its answer.
     void stopWaiting() noexcept;
     /// The widget loses its window for good; members go on working.
@@ -80,9 +85,14 @@ class VistrelHost final : private EventSink {
     class Entry;
 
     void onEvent(EventId event, std::span<const Value> arguments) override;
+    void emit(EventId event, std::span<const Value> arguments) noexcept;
     void settle() noexcept;
+    /// Settles from the main loop.
+    void settleSoon() noexcept;
     void beginSlowCall() noexcept;
     void finishSlowCall() noexcept;
+    /// Waits for the end of a slow call that a handler has seen begin; the control is about to go on.
+    void finishBegunCalls() noexcept;
     void showInView() noexcept;
     [[nodiscard]] IntSize pictureSize() noexcept;
     void notePicture() noexcept;
@@ -101,7 +111,8 @@ class VistrelHost final : private EventSink {
     guint beginSource_ = 0;               ///< begins a slow call if nothing else does
     std::optional<IntSize> newSize_;      ///< of the window, which a slow call is not to see change
     std::uint64_t pictureId_ = 0;
-    guint pictureChangedSource_ = 0;
+    bool pending_ = false;
+    guint pictureChangedSource_ = 0, settleSource_ = 0;
 };
 
 }  // namespace orvane::gtk

@@ -19,7 +19,7 @@ G_DEFINE_TYPE_WITH_PRIVATE(OrvaneVistrel, orvane_vistrel, GTK_TYPE_WIDGET)
 
 namespace {
 
-/// Property identifiers are positions in propertyRows(), counted from 1; busy comes behind them.
+/// Property identifiers are positions in propertyRows(), counted from 1; busy and pending come behind them.
 struct WidgetClass {
     std::vector<GParamSpec*> properties;
     std::vector<guint> signals;
@@ -45,7 +45,8 @@ IntSize deviceSize(GtkWidget* widget) {
 
 void getProperty(GObject* object, guint id, GValue* value, GParamSpec*) {
     const auto rows = propertyRows();
-    if (id > rows.size()) return g_value_set_boolean(value, hostOf(object).isBusy());
+    if (id == rows.size() + 1) return g_value_set_boolean(value, hostOf(object).isBusy());
+    if (id == rows.size() + 2) return g_value_set_boolean(value, hostOf(object).isPending());
     toGValue(hostOf(object).get(rows[id - 1].id), value);
 }
 
@@ -84,9 +85,12 @@ void installProperties(GObjectClass* objectClass, WidgetClass& shared) {
         g_object_class_install_property(objectClass, ++id, shared.properties.back());
     }
     shared.data.properties = shared.properties.data();
-    shared.data.busy = g_param_spec_boolean("busy", nullptr, "Whether a slow method runs.", FALSE,
-                                            GParamFlags(G_PARAM_READABLE | G_PARAM_STATIC_STRINGS));
+    const auto flags = GParamFlags(G_PARAM_READABLE | G_PARAM_STATIC_STRINGS);
+    shared.data.busy = g_param_spec_boolean("busy", nullptr, "Whether a slow method runs.", FALSE, flags);
     g_object_class_install_property(objectClass, ++id, shared.data.busy);
+    shared.data.pending =
+        g_param_spec_boolean("pending", nullptr, "Whether something waits to be drawn.", FALSE, flags);
+    g_object_class_install_property(objectClass, ++id, shared.data.pending);
 }
 
 void installSignals(GType type, WidgetClass& shared) {
@@ -116,7 +120,10 @@ void sizeAllocate(GtkWidget* widget, int width, int height, int) {
     hostOf(widget).resize({width * scale, height * scale});
 }
 
-void onScaleFactor(GtkWidget* widget, GParamSpec*, gpointer) { hostOf(widget).resize(deviceSize(widget)); }
+void onScaleFactor(GtkWidget* widget, GParamSpec*, gpointer) {
+    hostOf(widget).resize(deviceSize(widget));
+    gtk_widget_queue_draw(widget);
+}
 
 // The picture has one pixel for each pixel of the screen; it may be a frame behind the widget's size.
 void snapshot(GtkWidget* widget, GtkSnapshot* snapshot) { hostOf(widget).frame().append(snapshot); }
@@ -129,6 +136,11 @@ void map(GtkWidget* widget) {
 void unmap(GtkWidget* widget) {
     hostOf(widget).setShown(false);
     GTK_WIDGET_CLASS(orvane_vistrel_parent_class)->unmap(widget);
+}
+
+void stateFlagsChanged(GtkWidget* widget, GtkStateFlags before) {
+    GTK_WIDGET_CLASS(orvane_vistrel_parent_class)->state_flags_changed(widget, before);
+    if (!gtk_widget_is_sensitive(widget)) hostOf(widget).endGesture();
 }
 
 void watchClipboard(GtkWidget* widget) {
@@ -180,6 +192,7 @@ static void orvane_vistrel_class_init(OrvaneVistrelClass* vistrelClass) {
     gtkClass->snapshot = snapshot;
     gtkClass->map = map;
     gtkClass->unmap = unmap;
+    gtkClass->state_flags_changed = stateFlagsChanged;
     gtkClass->realize = realize;
     gtkClass->unrealize = unrealize;
     gtk_widget_class_set_css_name(gtkClass, "orvane-vistrel");
@@ -201,6 +214,17 @@ GtkWidget* orvane_vistrel_new(void) { return GTK_WIDGET(g_object_new(ORVANE_TYPE
 gboolean orvane_vistrel_get_busy(OrvaneVistrel* self) {
     g_return_val_if_fail(ORVANE_IS_VISTREL(self), FALSE);
     return hostOf(self).isBusy();
+}
+
+gboolean orvane_vistrel_get_pending(OrvaneVistrel* self) {
+    g_return_val_if_fail(ORVANE_IS_VISTREL(self), FALSE);
+    return hostOf(self).isPending();
+}
+
+void orvane_vistrel_type_text(OrvaneVistrel* self, const char* text) {
+    g_return_if_fail(ORVANE_IS_VISTREL(self));
+    const Value words = valueOf(text);
+    if (!words.isNone()) hostOf(self).typeText(words.string());
 }
 
 guint64 orvane_vistrel_get_picture_serial(OrvaneVistrel* self) {

@@ -326,6 +326,29 @@ TEST_F(GtkClipboardTest, GivesUpWhenTheOwnerDoesNotAnswer) {
     EXPECT_EQ(screen_.pasted(20, 10), picture);
 }
 
+TEST_F(GtkClipboardTest, APasteInTheBackgroundAnswersFromTheMainLoop) {
+    ClipboardPeer peer = offeringPeer({{"image/png", fileOf(Picture::random(20, 10, 11), kPng)}});
+    ASSERT_TRUE(loopUntilPasteable());
+    struct Order {
+        OrvaneVistrel* control;
+        bool returned = false, answered = false;
+    } order{screen_};
+    const auto paste = +[](gpointer data) -> gboolean {
+        auto* state = static_cast<Order*>(data);
+        const auto ended = +[](GObject* source, GAsyncResult* result, gpointer user) {
+            orvane_vistrel_invoke_finish(ORVANE_VISTREL(source), result, nullptr);
+            static_cast<Order*>(user)->answered = true;
+            EXPECT_TRUE(static_cast<Order*>(user)->returned);
+        };
+        orvane_vistrel_invoke_async(state->control, "paste", nullptr, nullptr, ended, state);
+        state->returned = true;
+        return G_SOURCE_REMOVE;
+    };
+    g_timeout_add(1, paste, &order);
+    EXPECT_TRUE(loopUntil([&order] { return order.answered; }));
+    EXPECT_EQ(orvane_vistrel_get_paint_status(screen_), kImageStamp);
+}
+
 TEST_F(GtkClipboardTest, AWidgetThatGoesWhileItWaitsWaitsNoLonger) {
     const Picture picture = Picture::random(20, 10, 10);
     ClipboardPeer peer = offeringPeer({{"image/png", fileOf(picture, kPng)}});

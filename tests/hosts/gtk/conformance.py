@@ -32,6 +32,8 @@ from steps import as_a_hand_does, parse, read_members  # noqa: E402
 WIDGET_ONLY = {
     "new": "every scenario begins with it",
     "get_busy": "the program has no other thread",
+    "get_pending": "the program's steps know what they have placed",
+    "type_text": "nobody types into the program's pictures",
     "get_picture_serial": "names pixels, and the program's have no names",
     "image_point_at": "the program has no step that asks for it",
     "invoke_async": "it plays the scenarios that go slowly, as one way to call the methods",

@@ -119,6 +119,67 @@ TEST(WidgetLife, RemovedAndAddedAgain) {
     gtk_window_set_child(screen.window(), nullptr);
 }
 
+/// The zoom of a picture that fills the screen's widget; loaded into it after it was shown.
+double fittedZoom(const std::vector<guint8>& pixels, int side) {
+    Screen screen;
+    orvane_vistrel_load_from_image_array(screen.control(), pixels.data(), pixels.size(), side, side);
+    orvane_vistrel_zoom_to_fit(screen.control());
+    return orvane_vistrel_get_zoom(screen.control());
+}
+
+TEST(WidgetLife, ThePictureIsFittedIntoTheFirstViewThatIsOne) {
+    constexpr int kSide = 1000;
+    const std::vector<guint8> pixels(std::size_t{4} * kSide * kSide, 0x80);
+    GtkWidget* widget = orvane_vistrel_new();
+    auto* control = ORVANE_VISTREL(widget);
+    orvane_vistrel_load_from_image_array(control, pixels.data(), pixels.size(), kSide, kSide);
+    auto* window = GTK_WINDOW(gtk_window_new());
+    gtk_window_set_decorated(window, FALSE);
+    gtk_window_set_default_size(window, Screen::kWidth, Screen::kHeight);
+    GtkWidget* pages = gtk_stack_new();
+    gtk_stack_add_named(GTK_STACK(pages), gtk_label_new("first"), "first");
+    gtk_stack_add_named(GTK_STACK(pages), widget, "second");
+    gtk_window_set_child(window, pages);
+    gtk_window_present(window);
+    settle(GTK_WIDGET(window));
+    g_object_notify(G_OBJECT(widget), "scale-factor");  // as it comes to a page that was never shown
+    EXPECT_GT(orvane_vistrel_get_zoom(control), 0);
+
+    gtk_widget_set_margin_start(widget, Screen::kWidth - 4);  // a pane that is nearly closed
+    gtk_stack_set_visible_child(GTK_STACK(pages), widget);
+    EXPECT_TRUE(until([widget] { return gtk_widget_get_width(widget) == 4; }));
+    settle(widget);
+    gtk_widget_set_margin_start(widget, 0);
+    EXPECT_TRUE(until([widget] { return gtk_widget_get_width(widget) == Screen::kWidth; }));
+    settle(widget);
+    EXPECT_DOUBLE_EQ(orvane_vistrel_get_zoom(control), fittedZoom(pixels, kSide));
+    gtk_window_destroy(window);
+}
+
+// A zoom label, say.
+TEST(WidgetLife, WhatFollowsThePictureMayChangeItsSizeWhileTheWindowIsLaidOut) {
+    auto* window = GTK_WINDOW(gtk_window_new());
+    GtkWidget* box = gtk_box_new(GTK_ORIENTATION_HORIZONTAL, 0);
+    GtkWidget* label = gtk_label_new("x");
+    GtkWidget* widget = orvane_vistrel_new();
+    gtk_widget_set_hexpand(widget, TRUE);
+    gtk_box_append(GTK_BOX(box), label);
+    gtk_box_append(GTK_BOX(box), widget);
+    gtk_window_set_child(window, box);
+    gtk_window_set_default_size(window, Screen::kWidth, Screen::kHeight);
+    const std::vector<guint8> pixels(std::size_t{4} * 900 * 900, 0x80);
+    orvane_vistrel_load_from_image_array(ORVANE_VISTREL(widget), pixels.data(), pixels.size(), 900, 900);
+    const auto tell = +[](GtkLabel* target) { gtk_label_set_text(target, "a long text about the zoom"); };
+    g_signal_connect_swapped(widget, "notify::zoom", G_CALLBACK(tell), label);
+    gtk_window_present(window);
+    EXPECT_TRUE(until([=] {
+        int natural = 0;
+        gtk_widget_measure(label, GTK_ORIENTATION_HORIZONTAL, -1, nullptr, &natural, nullptr, nullptr);
+        return natural > 50 && gtk_widget_get_width(label) == natural;
+    }));
+    gtk_window_destroy(window);
+}
+
 TEST(WidgetLife, DisposedTwiceAndNeverShown) {
     auto* control = ORVANE_VISTREL(g_object_ref_sink(orvane_vistrel_new()));
     const Grave grave(control);

@@ -12,7 +12,10 @@
 namespace orvane::test {
 namespace {
 
+using testing::AllOf;
+using testing::Contains;
 using testing::ElementsAre;
+using testing::Not;
 
 constexpr int kRectangle = 11, kPencil = 3, kTrackPoint = 21;
 
@@ -108,9 +111,9 @@ TEST_F(Widget, PropertiesNotifyOnceWhenTheyChange) {
     begin(kRectangle);
     notices.take();
     drag({{40, 50}, {90, 80}});
-    EXPECT_THAT(notices.take(), testing::Not(testing::Contains("undo-enable")));
+    EXPECT_THAT(notices.take(), AllOf(Contains("pending"), Not(Contains("undo-enable"))));
     orvane_vistrel_accept(control);
-    EXPECT_THAT(notices.take(), testing::IsSupersetOf({"modified", "undo-enable"}));
+    EXPECT_THAT(notices.take(), testing::IsSupersetOf({"modified", "undo-enable", "pending"}));
     orvane_vistrel_undo(control);
     EXPECT_THAT(notices.take(), testing::IsSupersetOf({"undo-enable", "redo-enable"}));
 }
@@ -200,9 +203,12 @@ TEST_F(Widget, ASlowMethodRunsBesideTheMainLoop) {
     EXPECT_EQ(paste.code, G_IO_ERROR_PENDING);
     EXPECT_FALSE(orvane_vistrel_get_busy(screen.control()));
     EXPECT_THAT(notices.take(), testing::IsSupersetOf({"busy", "undo-enable", "busy"}));
+    AsyncEnd noTuple;
     start("no-such-method", nullptr, wrongName);
     start("median", g_variant_new("(s)", "x"), wrongArguments);
-    ASSERT_TRUE(until([&] { return wrongName.ended && wrongArguments.ended; }));
+    start("gaussian-blur", g_variant_new_parsed("[2, 2]"), noTuple);
+    ASSERT_TRUE(until([&] { return wrongName.ended && wrongArguments.ended && noTuple.ended; }));
+    EXPECT_EQ(noTuple.code, G_IO_ERROR_INVALID_ARGUMENT);
     EXPECT_EQ(wrongName.code, G_IO_ERROR_NOT_FOUND);
     EXPECT_EQ(wrongArguments.code, G_IO_ERROR_INVALID_ARGUMENT);
 }
@@ -255,6 +261,42 @@ TEST_F(Widget, SignalHandlersStartSlowMethods) {
     drag({{200, 150}, {220, 170}});
     g_signal_handler_disconnect(screen.control(), id);
     EXPECT_NE(waiting.after, waiting.before);
+}
+
+/// A handler that starts a slow method and sees it begin, and what the main loop sees after the handler.
+struct Beginner {
+    OrvaneVistrel* control;
+    AsyncEnd end{};
+    bool returned = false, busyAfterwards = false;
+    static void start(Beginner* self) {
+        orvane_vistrel_invoke_async(self->control, "median", g_variant_new("(i)", 40), nullptr,
+                                    &AsyncEnd::onEnd, &self->end);
+        const gint64 later = g_get_monotonic_time() + 20000;
+        until([later] { return g_get_monotonic_time() > later; });
+        EXPECT_TRUE(orvane_vistrel_get_busy(self->control));
+        self->returned = true;
+    }
+    static gboolean look(gpointer data) {
+        auto* self = static_cast<Beginner*>(data);
+        if (self->returned && orvane_vistrel_get_busy(self->control)) self->busyAfterwards = true;
+        return G_SOURCE_CONTINUE;
+    }
+};
+
+// The control goes on with the message when its handler returns.
+TEST_F(Widget, AHandlerThatHasSeenASlowMethodBeginWaitsForItsEnd) {
+    orvane_vistrel_new_image(screen.control(), 3000, 2000);
+    orvane_vistrel_set_paint_status(screen.control(), kTrackPoint);
+    screen.settle();
+    Beginner beginner{screen.control()};
+    g_signal_connect_swapped(screen.control(), "track-point-mouse-down", G_CALLBACK(&Beginner::start),
+                             &beginner);
+    const guint source = g_timeout_add_full(G_PRIORITY_HIGH, 1, &Beginner::look, &beginner, nullptr);
+    drag({{200, 150}, {220, 170}});
+    EXPECT_TRUE(until([&] { return beginner.end.ended; }));
+    g_source_remove(source);
+    EXPECT_TRUE(beginner.returned);
+    EXPECT_FALSE(beginner.busyAfterwards);
 }
 
 // A release waits for its frame; a start that comes before that hands it over, and its handler is faster.
