@@ -6,11 +6,13 @@ namespace orvane::studio {
 namespace {
 
 void place(GtkEditable* entry, gpointer control) {
-    orvane_vistrel_draw_string(static_cast<OrvaneVistrel*>(control), gtk_editable_get_text(entry));
+    orvane_vistrel_type_text(static_cast<OrvaneVistrel*>(control), gtk_editable_get_text(entry));
 }
 
 void placeAgain(GtkEditable* entry, GtkButton*) {
-    place(entry, g_object_get_data(G_OBJECT(entry), "control"));
+    gpointer control = g_object_get_data(G_OBJECT(entry), "control");
+    orvane_vistrel_reset_track(static_cast<OrvaneVistrel*>(control));
+    place(entry, control);
 }
 
 void leave(GtkWidget* entry) {
@@ -54,7 +56,7 @@ GtkWidget* newTextEntry(OrvaneVistrel* control) {
     gtk_widget_add_controller(entry, keys);
 
     GtkWidget* again = gtk_button_new_with_label("Place");
-    gtk_widget_set_tooltip_text(again, "Place the text once more, at the picture's top left");
+    gtk_widget_set_tooltip_text(again, "Place the text once more, at the top left");
     g_signal_connect_object(again, "clicked", G_CALLBACK(placeAgain), entry, G_CONNECT_SWAPPED);
 
     GtkWidget* row = gtk_box_new(GTK_ORIENTATION_HORIZONTAL, 0);

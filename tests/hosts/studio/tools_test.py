@@ -83,13 +83,16 @@ def drop_what_is_placed():
         studio.assert_silent()
 
 
+def first_changed_row(one, other):
+    return next(i // 4 // one[0] for i in range(0, len(one[2]), 4) if one[2][i : i + 4] != other[2][i : i + 4])
+
+
 def text_and_stamp():
     picture = new_picture(temporary("placed.png"))
     stamp = new_picture(temporary("stamp.png"), 60, 40)
     before = pixels(picture)
     with Studio(picture) as studio:
         window = studio.window("placed.png")
-        canvas = Canvas(window)
 
         desktop.press_keys("t")
         window.click("text", "Text")
@@ -97,13 +100,18 @@ def text_and_stamp():
         desktop.press_keys("ctrl+a")  # the field's, not the picture's
         desktop.type_text("Orvane")
         desktop.press_keys("Return")
-        canvas.drag((0, 0), (40, 30))
-        desktop.press_keys("Return")
+        canvas = Canvas(window)
+        canvas.drag((-185, -138), (-142, -80), (-92, -60))
+        window.click("text", "Text")
+        desktop.press_keys("End", "BackSpace")
+        desktop.type_text("a")
+        desktop.press_keys("Return", "Return")
         wait_changed(window)
         desktop.press_keys("ctrl+s")
         wait_changed(window, False)
         with_text = pixels(picture)
         assert difference(with_text, before) > 100, "a text was drawn"
+        assert first_changed_row(with_text, before) > 60, "where it was dragged, though it was corrected then"
 
         desktop.press_keys("ctrl+shift+o")
         choose_file(studio, "Place a Picture", stamp)
