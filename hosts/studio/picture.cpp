@@ -82,14 +82,26 @@ void StudioPicture::endPreview(bool kept) {
 }
 
 bool StudioPicture::runSlow(const char* member, GVariant* arguments, const char* title, Done done) {
+    return run(control(), member, arguments, title, std::move(done));
+}
+
+// The call keeps the other control until its end.
+bool StudioPicture::runAside(const char* member, GVariant* arguments, const char* title, Done done) {
+    const ObjectRef<OrvaneVistrel> other(ORVANE_VISTREL(g_object_ref_sink(orvane_vistrel_new())));
+    return run(other.get(), member, arguments, title, std::move(done));
+}
+
+bool StudioPicture::run(OrvaneVistrel* control, const char* member, GVariant* arguments, const char* title,
+                        Done done) {
     if (isBusy()) {
         if (arguments != nullptr) g_variant_unref(g_variant_ref_sink(arguments));
         return false;
     }
     title_ = title;
     running_ = true;
-    orvane_vistrel_invoke_async(control(), member, arguments, nullptr, &StudioPicture::onDone,
+    orvane_vistrel_invoke_async(control, member, arguments, nullptr, &StudioPicture::onDone,
                                 new Run(this, std::move(done)));
+    tellChange();
     return true;
 }
 

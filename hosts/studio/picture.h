@@ -26,7 +26,8 @@ class StudioPicture {
     [[nodiscard]] OrvaneVistrel* control() const { return control_.get(); }
     [[nodiscard]] GtkWidget* widget() const { return GTK_WIDGET(control_.get()); }
     [[nodiscard]] bool isEmpty() const { return orvane_vistrel_get_is_empty(control()) != FALSE; }
-    [[nodiscard]] bool isBusy() const { return orvane_vistrel_get_busy(control()) != FALSE; }
+    /// Whether anything runs for this picture, in its control or beside it.
+    [[nodiscard]] bool isBusy() const { return running_ || orvane_vistrel_get_busy(control()) != FALSE; }
     [[nodiscard]] bool isUnsaved() const;
     [[nodiscard]] bool canUndo() const { return orvane_vistrel_get_undo_enable(control()) != FALSE; }
     [[nodiscard]] bool canRedo() const;
@@ -48,6 +49,9 @@ class StudioPicture {
     /// Runs a method while the window stays alive; false when one is running already. `title` is what people
     /// are told that is being done. `done` is not called any more when the picture has gone.
     bool runSlow(const char* member, GVariant* arguments, const char* title, Done done = {});
+    /// The same with a control of its own, which nobody sees and which goes at the end. This one stays as it
+    /// is.
+    bool runAside(const char* member, GVariant* arguments, const char* title, Done done);
     /// Whether a method runs whose end has not been told yet.
     [[nodiscard]] bool isRunning() const { return running_; }
     /// What is being done; null when nothing is.
@@ -60,6 +64,7 @@ class StudioPicture {
 
  private:
     struct Run;
+    bool run(OrvaneVistrel* control, const char* member, GVariant* arguments, const char* title, Done done);
     static void onNotify(StudioPicture* self, GParamSpec* property);
     static void onDone(GObject* source, GAsyncResult* result, gpointer data);
     void tellChange() const;

@@ -1,7 +1,7 @@
 #include "studio/commands/image_commands.h"
 
 #include "studio/commands/scale_dialog.h"
-#include "studio/files/open_picture.h"
+#include "studio/files/picture_check.h"
 #include "studio/files/picture_chooser_dialog.h"
 #include "studio/window.h"
 
@@ -15,17 +15,11 @@ void turn(StudioWindow& window, int code, const char* title) {
     window.picture().runSlow("rotate-flip", g_variant_new("(i)", code), title);
 }
 
-// The control tells by its mode alone whether it took the picture.
+// What is placed already stays until there is something in its place.
 void place(StudioWindow& window, const std::string& path) {
-    constexpr int kNoTool = 0, kStamp = 16;
-    OrvaneVistrel* control = window.control();
-    const int mode = orvane_vistrel_get_paint_status(control);
-    orvane_vistrel_set_paint_status(control, kNoTool);
-    const bool isText = g_utf8_validate(path.c_str(), -1, nullptr) != FALSE;
-    if (isText) orvane_vistrel_draw_image(control, path.c_str());
-    if (orvane_vistrel_get_paint_status(control) == kStamp) return;
-    orvane_vistrel_set_paint_status(control, mode);
-    tellNotOpened(window, path);
+    checkPicture(window, path, [&window, path] {
+        window.picture().runSlow("draw-image", g_variant_new("(s)", path.c_str()), "Opening");
+    });
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ std::string whyNotOpened(const std::string& path) {
     if (g_file_test(path.c_str(), G_FILE_TEST_IS_DIR)) return "It is a folder.";
     if (g_access(path.c_str(), R_OK) != 0) return "You may not read this file.";
     return "It is no picture of a known format (BMP, JPEG, PNG, GIF, TIFF or WebP), it is damaged, or it is "
-           "too large or smaller than 4 × 4 pixels.";
+           "too large or smaller than 2 × 2 pixels.";
 }
 
 }  // namespace orvane::studio

@@ -90,6 +90,8 @@ def first_changed_row(one, other):
 def text_and_stamp():
     picture = new_picture(temporary("placed.png"))
     stamp = new_picture(temporary("stamp.png"), 60, 40)
+    damaged = temporary("damaged.png")
+    damaged.write_bytes(b"\x89PNG\r\n\x1a\nnothing")
     before = pixels(picture)
     with Studio(picture) as studio:
         window = studio.window("placed.png")
@@ -112,6 +114,18 @@ def text_and_stamp():
         with_text = pixels(picture)
         assert difference(with_text, before) > 100, "a text was drawn"
         assert first_changed_row(with_text, before) > 60, "where it was dragged, though it was corrected then"
+
+        # A damaged picture is told of, and what is placed stays placed.
+        desktop.press_keys("r")
+        drag(canvas)
+        desktop.press_keys("ctrl+shift+o")
+        choose_file(studio, "Place a Picture", damaged)
+        close_message(studio, "“damaged.png” was not opened")
+        assert any(text.startswith("Rectangle: ") for text in window.texts()), "the tool is still the same"
+        desktop.press_keys("Return")
+        wait_changed(window)
+        desktop.press_keys("ctrl+z")
+        wait_changed(window, False)
 
         desktop.press_keys("ctrl+shift+o")
         choose_file(studio, "Place a Picture", stamp)
@@ -178,6 +192,15 @@ def choose_file(studio, title, path):
     desktop.press_keys("Return")
     desktop.wait_until(lambda: not any(w.get_name() == title for w in studio.program.windows()), "the chooser to close")
     return chooser
+
+
+def close_message(studio, text):
+    message = studio.window("^Orvane Studio$")
+    assert text in message.texts(), message.texts()
+    desktop.press_keys("Return")
+    desktop.wait_until(
+        lambda: not any(w.get_name() == "Orvane Studio" for w in studio.program.windows()), "the message to close"
+    )
 
 
 def crop_rotate_and_select():
