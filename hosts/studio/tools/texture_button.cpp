@@ -1,40 +1,24 @@
 #include "studio/tools/texture_button.h"
 
-#include <memory>
-
-#include "studio/files/picture_format.h"
-#include "studio/support/object_ref.h"
+#include "studio/files/picture_check.h"
+#include "studio/files/picture_chooser_dialog.h"
 #include "studio/tools/property_fields.h"
+#include "studio/window.h"
 
 namespace orvane::studio {
 namespace {
 
 constexpr int kNameWidthInCharacters = 8;
 
-void takeChosen(GtkNativeDialog* dialog, int response, gpointer control) {
-    GFile* file =
-        response == GTK_RESPONSE_ACCEPT ? gtk_file_chooser_get_file(GTK_FILE_CHOOSER(dialog)) : nullptr;
-    if (file != nullptr) {
-        const std::unique_ptr<char, FreeText> path(g_file_get_path(file));
-        if (path != nullptr)
-            orvane_vistrel_set_texture_file_name(static_cast<OrvaneVistrel*>(control), path.get());
-        g_object_unref(file);
-    }
-    g_object_unref(dialog);
+void takeTexture(StudioWindow& window, const std::string& path) {
+    checkPicture(window, path,
+                 [&window, path] { orvane_vistrel_set_texture_file_name(window.control(), path.c_str()); });
 }
 
-void choose(GtkWidget* button, gpointer control) {
-    auto* window = GTK_WINDOW(gtk_widget_get_root(button));
-    GtkFileChooserNative* dialog = gtk_file_chooser_native_new(
-        "Choose a Texture", window, GTK_FILE_CHOOSER_ACTION_OPEN, "_Choose", "_Cancel");
-    GtkFileFilter* pictures = gtk_file_filter_new();
-    gtk_file_filter_set_name(pictures, "Pictures");
-    for (const char* type : openableTypes()) gtk_file_filter_add_mime_type(pictures, type);
-    gtk_file_chooser_add_filter(GTK_FILE_CHOOSER(dialog), pictures);
-    g_object_unref(pictures);
-    gtk_native_dialog_set_modal(GTK_NATIVE_DIALOG(dialog), TRUE);
-    g_signal_connect_object(dialog, "response", G_CALLBACK(takeChosen), control, GConnectFlags(0));
-    gtk_native_dialog_show(GTK_NATIVE_DIALOG(dialog));
+void choose(GtkWidget* button, gpointer) {
+    StudioWindow* window = StudioWindow::of(GTK_WINDOW(gtk_widget_get_root(button)));
+    choosePictures(*window, "Choose a Texture", false,
+                   [window](const std::string& path) { takeTexture(*window, path); });
 }
 
 gboolean nameOfPath(GBinding*, const GValue* from, GValue* to, gpointer) {
@@ -60,7 +44,7 @@ GtkWidget* newTextureButton(OrvaneVistrel* control) {
     GtkWidget* button = gtk_button_new();
     gtk_button_set_child(GTK_BUTTON(button), row);
     nameField(button, {"", "Texture", "Choose the picture that the fill is made of"});
-    g_signal_connect_object(button, "clicked", G_CALLBACK(choose), control, GConnectFlags(0));
+    g_signal_connect(button, "clicked", G_CALLBACK(choose), nullptr);
     return button;
 }
 

@@ -138,6 +138,26 @@ def text_and_stamp():
         studio.assert_silent()
 
 
+def fill_with_a_texture():
+    picture = new_picture(temporary("filled.png"))
+    texture = new_picture(temporary("texture.png"), 20, 20)
+    damaged = temporary("no texture.png")
+    damaged.write_bytes(b"GIF89a and nothing else")
+    with Studio(picture) as studio:
+        window = studio.window("filled.png")
+        desktop.press_keys("r")
+        window.click("combo box", "Fill")
+        desktop.press_keys("Down", "Down", "Down", "Return")
+        for path, name in ((texture, "texture.png"), (damaged, "texture.png")):
+            window.focus()
+            window.click("push button", "Texture")
+            choose_file(studio, "Choose a Texture", path)
+            if path == damaged:
+                close_message(studio, "“no texture.png” was not opened")
+            desktop.wait_until(lambda: name in window.texts(), "the texture's name")
+        studio.assert_silent()
+
+
 def turn_and_mend_an_eye():
     picture = temporary("eye.png")
     orvane("BitmapBackColor=0x2020e0", "NewImage", 400, 300, "-o", picture)  # red all over
@@ -248,6 +268,7 @@ if __name__ == "__main__":
         draw_with_every_tool,
         drop_what_is_placed,
         text_and_stamp,
+        fill_with_a_texture,
         crop_rotate_and_select,
         turn_and_mend_an_eye,
         look_around_and_measure,
