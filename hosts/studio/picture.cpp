@@ -54,8 +54,14 @@ std::string StudioPicture::name() const {
 
 void StudioPicture::setFile(std::string path) {
     path_ = std::move(path);
+    hasWrittenFile_ = false;
     inFile_ = orvane_vistrel_get_picture_serial(control());
     tellChange();
+}
+
+void StudioPicture::setWrittenFile(std::string path) {
+    setFile(std::move(path));
+    hasWrittenFile_ = true;
 }
 
 void StudioPicture::undo() {

@@ -36,8 +36,12 @@ class StudioPicture {
     [[nodiscard]] const std::string& path() const { return path_; }
     /// What the window is called after: the file's name, or "Untitled".
     [[nodiscard]] std::string name() const;
-    /// The picture was loaded from, or saved in this file; with an empty path it is new.
+    /// The picture was loaded from this file; with an empty path it is new.
     void setFile(std::string path);
+    /// The picture was saved in this file.
+    void setWrittenFile(std::string path);
+    /// Whether the file is as it was saved from here, and not as it was opened.
+    [[nodiscard]] bool hasWrittenFile() const { return hasWrittenFile_; }
 
     void undo();
     void redo();
@@ -74,7 +78,7 @@ class StudioPicture {
     guint64 inFile_ = 0;  ///< the picture that the file has, by its serial: undo may lead back to it
     PreviewRecord preview_;
     std::function<void()> changed_, runEnded_;
-    bool running_ = false;
+    bool hasWrittenFile_ = false, running_ = false;
     std::shared_ptr<bool> alive_;  ///< false for the ends of runs that come too late
 };
 

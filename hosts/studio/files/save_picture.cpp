@@ -4,6 +4,7 @@
 
 #include <glib/gstdio.h>
 
+#include "studio/files/pages_guard.h"
 #include "studio/files/picture_format.h"
 #include "studio/files/recent_files.h"
 #include "studio/support/answers.h"
@@ -35,7 +36,7 @@ void write(StudioWindow& window, const std::string& path, const PictureFormat& f
     if (!g_utf8_validate(path.c_str(), -1, nullptr)) return tellNotSaved(window, path);
     const std::function<void(GVariant*)> done = [&window, path, saved](GVariant* result) {
         if (result == nullptr || !g_variant_get_boolean(result)) return tellNotSaved(window, path);
-        window.picture().setFile(path);
+        window.picture().setWrittenFile(path);
         rememberRecent(path);
         if (saved) saved();
     };
@@ -208,7 +209,8 @@ class SaveDialog {
 void save(StudioWindow& window, Saved saved) {
     const PictureFormat* format = formatOfName(window.picture().path());
     if (format == nullptr) return saveAs(window, std::move(saved));
-    write(window, window.picture().path(), *format, saved);
+    guardPages(window, {[&window, format, saved] { write(window, window.picture().path(), *format, saved); },
+                        [&window, saved] { saveAs(window, saved); }});
 }
 
 void saveAs(StudioWindow& window, Saved saved) { SaveDialog::show(window, std::move(saved)); }

@@ -1,5 +1,6 @@
 """Pictures and files: open, new, save as, recent, dropped, and the guard of unsaved changes."""
 
+import struct
 import sys
 import time
 from pathlib import Path
@@ -139,6 +140,54 @@ def guard_unsaved_changes():
         studio.assert_silent()
 
 
+def with_second_page(tiff):
+    """The file with its only directory once more, behind the first."""
+    order = "<" if tiff[:2] == b"II" else ">"
+    (first,) = struct.unpack_from(order + "I", tiff, 4)
+    (entries,) = struct.unpack_from(order + "H", tiff, first)
+    link = first + 2 + 12 * entries
+    return tiff[:link] + struct.pack(order + "I", len(tiff)) + tiff[link + 4 :] + tiff[first:link] + bytes(4)
+
+
+def with_second_frame(gif):
+    """The file with all that follows its colours once more."""
+    colours = 3 << (gif[10] & 7) + 1 if gif[10] & 0x80 else 0
+    return gif[:-1] + gif[13 + colours :]
+
+
+def keep_the_other_pages():
+    for name, what, extend in (("scans.tif", "pages", with_second_page), ("dance.gif", "frames", with_second_frame)):
+        picture = new_picture(temporary(name), 60, 40)
+        before = extend(picture.read_bytes())
+        picture.write_bytes(before)
+        with Studio(picture) as studio:
+            window = studio.window(f"^{name}")
+            desktop.press_keys("ctrl+m")
+            wait_changed(window)
+            for button in ("Cancel", "Save As…", "Replace"):
+                window.focus()
+                desktop.press_keys("ctrl+s")
+                question = studio.window("^Replace file$")
+                assert f"“{name}” has several {what}" in question.texts(), question.texts()
+                question.click("label", button)
+                gone(studio, "Replace file")
+                if button == "Save As…":
+                    studio.window("Save Picture As")
+                    desktop.press_keys("Escape")
+                    gone(studio, "Save Picture As")
+                if button != "Replace":
+                    assert picture.read_bytes() == before
+            wait_changed(window, False)
+            assert picture.read_bytes() != before
+
+            # From then on it is the Studio's own.
+            desktop.press_keys("ctrl+m")
+            wait_changed(window)
+            desktop.press_keys("ctrl+s")
+            wait_changed(window, False)
+            studio.assert_silent()
+
+
 def closed_while_saving():
     picture = new_picture(temporary("large.png"), 3000, 2000)
     before = picture.read_bytes()
@@ -228,6 +277,7 @@ if __name__ == "__main__":
         save_in_other_formats,
         open_what_is_no_picture,
         guard_unsaved_changes,
+        keep_the_other_pages,
         closed_while_saving,
         new_and_two_windows,
         drop_a_file,
