@@ -89,7 +89,7 @@ StudioWindow::StudioWindow(GtkApplication* application)
     : window_(gtk_application_window_new(application)), status_(picture_) {
     build();
     installCommands();
-    addYieldedKeys(window_);
+    addWindowKeys(window_);
     listen();
     preferences().apply(*this);
     update();

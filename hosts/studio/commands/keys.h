@@ -7,8 +7,8 @@ namespace orvane::studio {
 /// Gives the commands their keys. Those that no text field knows work everywhere in a window.
 void setAccelerators(GtkApplication* application);
 
-/// The others, such as the tools' letters and Control with C, work in this window where nothing else takes
-/// them: not while text is typed.
-void addYieldedKeys(GtkWidget* window);
+/// The others work in this window where nothing else takes them: the tools' letters and Control with C not
+/// while text is typed, and Control with the arrows not in a text.
+void addWindowKeys(GtkWidget* window);
 
 }  // namespace orvane::studio
