@@ -11,6 +11,7 @@
 #include "studio/filters/filter_dialog.h"
 #include "studio/histogram_panel.h"
 #include "studio/preferences.h"
+#include "studio/tools/property_fields.h"
 #include "studio/tools/tool_options.h"
 #include "studio/tools/tool_palette.h"
 
@@ -155,6 +156,8 @@ void StudioWindow::installCommands() {
     const auto activated = +[](GSimpleAction* action, GVariant*, gpointer self) {
         auto* studio = static_cast<StudioWindow*>(self);
         const Command& command = commandOf(action);
+        // A command that is slow takes the keyboard, and then the control would have the number wait.
+        takeTypedNumber(studio->window());
         if (opensDialog(command)) return callSoon(*studio, [studio, &command] { command.run(*studio); });
         const auto update = studio->whileOpen(std::function<void()>([studio] { studio->update(); }));
         command.run(*studio);

@@ -104,6 +104,12 @@ void setName(GtkWidget* widget, const char* name) {
 
 }  // namespace
 
+void takeTypedNumber(GtkWindow* window) {
+    GtkWidget* focus = gtk_window_get_focus(window);
+    GtkWidget* number = focus != nullptr ? gtk_widget_get_ancestor(focus, GTK_TYPE_SPIN_BUTTON) : nullptr;
+    if (number != nullptr) gtk_spin_button_update(GTK_SPIN_BUTTON(number));
+}
+
 void nameField(GtkWidget* field, const FieldText& text) {
     gtk_widget_set_tooltip_text(field, text.tip);
     setName(field, text.name);

@@ -32,6 +32,9 @@ struct FieldText {
 [[nodiscard]] GtkWidget* newToggleField(OrvaneVistrel* control, const FieldText& text, const char* property,
                                         const char* iconName);
 
+/// A number that is being typed counts from now on, and not when its field is left.
+void takeTypedNumber(GtkWindow* window);
+
 /// Name and tooltip for a field of another kind.
 void nameField(GtkWidget* field, const FieldText& text);
 /// The field behind its label.

@@ -8,6 +8,7 @@
 #include "studio/tools/text_options.h"
 #include "studio/tools/tool_commands.h"
 #include "studio/tools/tool_table.h"
+#include "studio/tools/usable_bar.h"
 #include "studio/tools/view_options.h"
 #include "studio/tools/wrap_layout.h"
 
@@ -67,7 +68,7 @@ class OptionsBar {
             if (field != nullptr) gtk_widget_set_visible(child, (field->usedBy & used) != 0);
         }
         const bool usable = !orvane_vistrel_get_is_empty(control_) && !orvane_vistrel_get_busy(control_);
-        gtk_widget_set_sensitive(widget_, usable);
+        setBarUsable(widget_, usable);
     }
 
     /// Keeps the bar up to date for as long as both it and the control are there.

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "studio/tools/tool_table.h"
+#include "studio/tools/usable_bar.h"
 
 namespace orvane::studio {
 namespace {
@@ -52,7 +53,7 @@ void showMode(OrvaneVistrel* control, GParamSpec*, gpointer palette) {
 
 void updateSensitivity(OrvaneVistrel* control, GParamSpec*, gpointer palette) {
     const bool usable = !orvane_vistrel_get_is_empty(control) && !orvane_vistrel_get_busy(control);
-    gtk_widget_set_sensitive(GTK_WIDGET(palette), usable);
+    setBarUsable(GTK_WIDGET(palette), usable);
 }
 
 GtkWidget* newGroup() {

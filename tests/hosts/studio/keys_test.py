@@ -46,5 +46,46 @@ def text_field_keeps_its_keys():
         studio.assert_silent()
 
 
+def begin_number(window, name, digits):
+    """Types a number, which counts when it has been taken."""
+    number = window.find("spin button", name)
+    x, y, _, height = window.area(number)
+    desktop.run("xdotool", "mousemove", str(x + 20), str(y + height // 2), "click", "1")
+    desktop.wait_until(lambda: has_keyboard(number), f"the keyboard in {name}")
+    desktop.press_keys("ctrl+a", digits)
+    wait_text(window, "spin button", name, digits)
+
+
+def press_while_running(window, field, key):
+    """Presses a key at the picture while it is being saved, which the field waits for."""
+    desktop.run("xdotool", "key", "ctrl+s", "sleep", "0.1", "key", key)
+    assert not has_keyboard(field), "the field is out of use, and tells so at once"
+    desktop.wait_until(lambda: has_keyboard(field), "the field to have the keyboard again")
+
+
+def saving_gives_the_keyboard_back():
+    picture = new_picture(temporary("large.png"), 6000, 4000)
+    with Studio(picture) as studio:
+        window = studio.window("large.png")
+        desktop.press_keys("t")
+        wait_tool(window, "Text")
+        desktop.type_text("two words")
+        desktop.press_keys("ctrl+Left")
+        press_while_running(window, window.find("text", "Text"), "h")
+        desktop.type_text("more ")
+        wait_text(window, "text", "Text", "two more words")
+
+        desktop.press_keys("Escape", "l")
+        wait_tool(window, "Line")
+        begin_number(window, "Pen width", "7")
+        press_while_running(window, window.find("spin button", "Pen width"), "h")
+        wait_text(window, "spin button", "Pen width", "7 px")
+        wait_tool(window, "Line")
+        studio.assert_silent()
+
+
 if __name__ == "__main__":
-    run_tests(text_field_keeps_its_keys)
+    run_tests(
+        text_field_keeps_its_keys,
+        saving_gives_the_keyboard_back,
+    )
