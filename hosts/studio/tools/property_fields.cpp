@@ -37,6 +37,15 @@ int readNumber(GtkSpinButton* number, double* value, gpointer) {
     return end == text ? GTK_INPUT_ERROR : TRUE;
 }
 
+// Escape would drop what is placed on the picture, which people did not mean who typed a number.
+gboolean showAgainOnEscape(GtkEventControllerKey* keys, guint key, guint, GdkModifierType, gpointer) {
+    if (key != GDK_KEY_Escape) return FALSE;
+    GtkWidget* number = gtk_event_controller_get_widget(GTK_EVENT_CONTROLLER(keys));
+    showNumber(GTK_SPIN_BUTTON(number), nullptr);
+    gtk_root_set_focus(gtk_widget_get_root(number), nullptr);
+    return TRUE;
+}
+
 GtkWidget* newNumber(int lowest, int highest, const char* unit) {
     GtkWidget* number = gtk_spin_button_new_with_range(lowest, highest, 1);
     gtk_spin_button_set_numeric(GTK_SPIN_BUTTON(number), FALSE);  // the unit is no number
@@ -45,6 +54,9 @@ GtkWidget* newNumber(int lowest, int highest, const char* unit) {
     g_signal_connect(number, "input", G_CALLBACK(readNumber), nullptr);
     gtk_editable_set_width_chars(GTK_EDITABLE(number), 5);
     gtk_editable_set_max_width_chars(GTK_EDITABLE(number), 5);
+    GtkEventController* keys = gtk_event_controller_key_new();
+    g_signal_connect(keys, "key-pressed", G_CALLBACK(showAgainOnEscape), nullptr);
+    gtk_widget_add_controller(number, keys);
     return number;
 }
 

@@ -84,8 +84,34 @@ def saving_gives_the_keyboard_back():
         studio.assert_silent()
 
 
+def numbers_and_lists_leave_what_is_placed():
+    picture = new_picture(temporary("placed.png"))
+    with Studio(picture) as studio:
+        window = studio.window("placed.png")
+        desktop.press_keys("r")
+        wait_tool(window, "Rectangle")
+        Canvas(window).drag((-120, -80), (-40, -20), (60, 70))
+        begin_number(window, "Pen width", "5")
+        desktop.press_keys("Return")
+        wait_text(window, "spin button", "Pen width", "5 px")
+        begin_number(window, "Pen width", "7")
+        desktop.press_keys("Escape")
+        wait_text(window, "spin button", "Pen width", "5 px")
+        window.click("combo box", "Fill")
+        desktop.wait_until(lambda: window.all("label", "Hatch"), "the list of fills")
+        desktop.press_keys("h", "Escape")
+        time.sleep(0.3)  # lists close with a movement
+        assert not title_of(window).startswith("•"), "nothing was drawn"
+        wait_tool(window, "Rectangle")
+        begin_number(window, "Pen width", "3")
+        desktop.press_keys("Escape", "Return")
+        wait_changed(window)
+        studio.assert_silent()
+
+
 if __name__ == "__main__":
     run_tests(
         text_field_keeps_its_keys,
         saving_gives_the_keyboard_back,
+        numbers_and_lists_leave_what_is_placed,
     )
