@@ -247,7 +247,9 @@ void StudioWindow::listen() {
     };
     g_signal_connect(window_, "close-request", G_CALLBACK(close), this);
 
-    GtkEventController* wheel = gtk_event_controller_scroll_new(GTK_EVENT_CONTROLLER_SCROLL_VERTICAL);
+    // A touchpad reports many small parts of what is one step of a wheel.
+    GtkEventController* wheel = gtk_event_controller_scroll_new(GtkEventControllerScrollFlags(
+        GTK_EVENT_CONTROLLER_SCROLL_VERTICAL | GTK_EVENT_CONTROLLER_SCROLL_DISCRETE));
     const auto scrolled =
         +[](GtkEventControllerScroll* controller, double, double dy, gpointer self) -> gboolean {
         const GdkModifierType held =
