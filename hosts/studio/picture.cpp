@@ -39,7 +39,8 @@ StudioPicture::~StudioPicture() {
 }
 
 bool StudioPicture::isUnsaved() const {
-    return !isEmpty() && orvane_vistrel_get_picture_serial(control()) != inFile_;
+    if (isEmpty()) return false;
+    return orvane_vistrel_get_pending(control()) || orvane_vistrel_get_picture_serial(control()) != inFile_;
 }
 
 bool StudioPicture::canRedo() const {

@@ -28,6 +28,7 @@ class StudioPicture {
     [[nodiscard]] bool isEmpty() const { return orvane_vistrel_get_is_empty(control()) != FALSE; }
     /// Whether anything runs for this picture, in its control or beside it.
     [[nodiscard]] bool isBusy() const { return running_ || orvane_vistrel_get_busy(control()) != FALSE; }
+    /// Whether the file lacks something that is seen: a change, or what is placed and not drawn yet.
     [[nodiscard]] bool isUnsaved() const;
     [[nodiscard]] bool canUndo() const { return orvane_vistrel_get_undo_enable(control()) != FALSE; }
     [[nodiscard]] bool canRedo() const;

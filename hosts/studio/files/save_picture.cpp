@@ -40,6 +40,8 @@ void write(StudioWindow& window, const std::string& path, const PictureFormat& f
         rememberRecent(path);
         if (saved) saved();
     };
+    // People save what they see. A frame of the crop is no part of it.
+    if (orvane_vistrel_get_pending(window.control())) orvane_vistrel_accept(window.control());
     window.picture().runSlow("save-image", g_variant_new("(si)", path.c_str(), format.type), "Saving",
                              window.whileOpen(done));
 }

@@ -188,6 +188,27 @@ def keep_the_other_pages():
             studio.assert_silent()
 
 
+def what_is_placed_is_not_lost():
+    picture = new_picture(temporary("placed too.png"))
+    before = pixels(picture)
+    with Studio(picture) as studio:
+        window = studio.window("placed too.png")
+        desktop.press_keys("r")
+        canvas = Canvas(window)
+        canvas.drag((-60, -40), (20, 10), (60, 40))
+        wait_changed(window)
+        desktop.press_keys("ctrl+w")
+        studio.window("Unsaved changes").click("label", "Cancel")
+        gone(studio, "Unsaved changes")
+        window.focus()
+        desktop.press_keys("ctrl+s")
+        wait_changed(window, False)
+        assert difference(pixels(picture), before) > 100, "what is seen is saved"
+        desktop.press_keys("ctrl+w")
+        assert studio.program.ended() == 0
+        studio.assert_silent()
+
+
 def closed_while_saving():
     picture = new_picture(temporary("large.png"), 3000, 2000)
     before = picture.read_bytes()
@@ -277,6 +298,7 @@ if __name__ == "__main__":
         save_in_other_formats,
         open_what_is_no_picture,
         guard_unsaved_changes,
+        what_is_placed_is_not_lost,
         keep_the_other_pages,
         closed_while_saving,
         new_and_two_windows,
