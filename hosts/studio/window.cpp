@@ -27,6 +27,8 @@ bool holds(const StudioPicture& picture, Needs needs) {
     switch (needs) {
         case Needs::Nothing:
             return true;
+        case Needs::Idle:
+            return !picture.isBusy();
         case Needs::Picture:
         case Needs::IdlePicture:
             return idle;

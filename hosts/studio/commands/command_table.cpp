@@ -34,7 +34,7 @@ constexpr Command kCommands[] = {
      nullptr},
     {"actual-size", "_Actual Size", Menu::View, 0, Needs::Picture, "<Control>1", actualSize, nullptr},
     {"fit", "_Fit Window", Menu::View, 0, Needs::Picture, "<Control>0", fitWindow, nullptr},
-    {"overview", "O_verview Panel", Menu::View, 1, Needs::Nothing, "F7", toggleOverview, isOverviewOn},
+    {"overview", "O_verview Panel", Menu::View, 1, Needs::Idle, "F7", toggleOverview, isOverviewOn},
     {"histogram", "_Histogram", Menu::View, 1, Needs::Nothing, "F8", toggleHistogram, isHistogramOn},
     {"options", "_Tool Options", Menu::View, 1, Needs::Nothing, "F9", toggleOptions, isOptionsOn},
     {"fullscreen", "F_ull Screen", Menu::View, 2, Needs::Nothing, "F11", toggleFullscreen, isFullscreen},

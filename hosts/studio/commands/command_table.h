@@ -8,8 +8,9 @@ class StudioWindow;
 
 enum class Menu { File, Edit, View, Image, Help };
 
-/// What must be there for a command to make sense.
-enum class Needs { Nothing, Picture, IdlePicture, Undo, Redo, Selection, ClipboardPicture };
+/// What must be there for a command to make sense. What is idle is not being changed or saved by a slow
+/// method, for which a command that puts a property would have to wait.
+enum class Needs { Nothing, Idle, Picture, IdlePicture, Undo, Redo, Selection, ClipboardPicture };
 
 /// One command: its action, its place in the menus, its keys. Menus, accelerators and the shortcuts window
 /// are made from these rows.
