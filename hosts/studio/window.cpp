@@ -6,7 +6,7 @@
 #include "studio/commands/command_table.h"
 #include "studio/commands/keys.h"
 #include "studio/commands/menu_bar.h"
-#include "studio/files/open_picture.h"
+#include "studio/files/dropped_files.h"
 #include "studio/files/unsaved_guard.h"
 #include "studio/filters/filter_dialog.h"
 #include "studio/histogram_panel.h"
@@ -233,10 +233,7 @@ void StudioWindow::update() {
 void StudioWindow::listen() {
     picture_.onChange([this] { update(); });
 
-    const auto dropped = +[](OrvaneVistrel*, const char* path, gpointer self) {
-        openPath(*static_cast<StudioWindow*>(self), path);
-    };
-    g_signal_connect(control(), "drop-file", G_CALLBACK(dropped), this);
+    openDroppedFiles(*this);
 
     picture_.onRunEnded([this] {
         if (std::exchange(closesAfterRun_, false)) gtk_window_close(window());

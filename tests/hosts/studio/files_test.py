@@ -253,25 +253,37 @@ def new_and_two_windows():
         studio.assert_silent()
 
 
-def drop_a_file():
-    picture = new_picture(temporary("there.png"))
+def drop(files, target):
+    """Drags files from another program to a place on the screen."""
+    source = desktop.Program(sys.executable, "-B", str(HERE / "drag_source.py"), *map(str, files))
+    try:
+        handle = source.window("Drag source")
+        x, y, width, height = handle.area(handle.find("label", "Drag me"))
+        start = (x + width // 2, y + height // 2)
+        steps = ["mousemove", *map(str, start), "sleep", "0.1", "mousedown", "1", "sleep", "0.1"]
+        for k in range(1, 6):
+            steps += ["mousemove", *(str(a + (b - a) * k // 5) for a, b in zip(start, target)), "sleep", "0.08"]
+        desktop.run("xdotool", *steps, "sleep", "0.3", "mouseup", "1", "sleep", "0.3")
+    finally:
+        source.stop()
+
+
+def middle_of(window, role, name):
+    x, y, width, height = window.area(window.find(role, name))
+    return x + width // 2, y + height // 2
+
+
+def drop_files():
+    first, second, third = (new_picture(temporary(f"{name}.png")) for name in ("there", "beside", "third"))
     with Studio() as studio:
         window = studio.window("^Orvane Studio$")
-        source = desktop.Program(sys.executable, "-B", str(HERE / "drag_source.py"), str(picture))
-        try:
-            handle = source.window("Drag source")
-            x, y, width, height = handle.area(handle.find("label", "Drag me"))
-            canvas = Canvas(window)
-            target_x, target_y = canvas.at((0, 60))
-            start = [str(x + width // 2), str(y + height // 2)]
-            steps = ["mousemove", *start, "sleep", "0.1", "mousedown", "1", "sleep", "0.1"]
-            for k in range(1, 6):
-                part = [str(int(a) + (int(b) - int(a)) * k // 5) for a, b in zip(start, (target_x, target_y))]
-                steps += ["mousemove", *part, "sleep", "0.08"]
-            desktop.run("xdotool", *steps, "sleep", "0.3", "mouseup", "1")
-            studio.window("^there.png")
-        finally:
-            source.stop()
+        drop([first, second], middle_of(window, "push button", "Pencil"))
+        studio.window("^beside.png")
+        window = studio.window("^there.png")
+        desktop.press_keys("t")
+        drop([third], middle_of(window, "text", "Text"))
+        studio.window("^third.png")
+        assert not window.frame.get_name().startswith("third"), "what the window shows is not lost"
         studio.assert_silent()
 
 
@@ -302,6 +314,6 @@ if __name__ == "__main__":
         keep_the_other_pages,
         closed_while_saving,
         new_and_two_windows,
-        drop_a_file,
+        drop_files,
         recent_files,
     )
