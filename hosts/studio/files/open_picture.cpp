@@ -39,7 +39,9 @@ void openPath(StudioWindow& window, const std::string& path) {
     const bool free = window.picture().isEmpty() && !window.picture().isBusy();
     StudioWindow& target = free ? window : StudioWindow::open(window.application());
     const Failed closeIfMadeForIt = [&target, free] {
-        if (!free && target.picture().isEmpty()) gtk_window_close(target.window());
+        const StudioPicture& picture = target.picture();
+        // By then another file may have been opened in it.
+        if (!free && picture.isEmpty() && !picture.isRunning()) gtk_window_close(target.window());
     };
     load(target, path, target.whileOpen(closeIfMadeForIt));
     gtk_window_present(target.window());

@@ -86,26 +86,46 @@ def save_in_other_formats():
         studio.assert_silent()
 
 
+def open_from_dialog(studio, path):
+    desktop.press_keys("ctrl+o")
+    studio.window("Open Pictures")
+    desktop.press_keys("ctrl+l")
+    desktop.type_text(str(path))
+    desktop.press_keys("Return")
+
+
+def message_about(studio, path):
+    desktop.wait_until(
+        lambda: any(path.name in text for w in studio.program.windows() for text in texts(w)), "the message"
+    )
+    return studio.window("^Orvane Studio$")
+
+
 def open_what_is_no_picture():
     picture = new_picture(temporary("good.png"))
     bad = temporary("bad.png")
     bad.write_bytes(b"\x89PNG\r\n\x1a\nnothing")
     with Studio(picture) as studio:
         window = studio.window("good.png")
-        desktop.press_keys("ctrl+o")
-        studio.window("Open Pictures")
-        desktop.press_keys("ctrl+l")
-        desktop.type_text(str(bad))
-        desktop.press_keys("Return")
-        message = studio.window("^Orvane Studio$")
-        desktop.wait_until(
-            lambda: any("bad.png" in text for w in studio.program.windows() for text in texts(w)), "the message"
-        )
+        open_from_dialog(studio, bad)
+        message = message_about(studio, bad)
         assert window.frame.get_name().startswith("good.png"), "what was open stays"
         message.focus()
         desktop.press_keys("Return")
         desktop.wait_until(lambda: len(studio.program.windows()) == 1, "the window made for it to close")
         assert window.frame.get_name().startswith("good.png")
+
+        # The window made for it stays when another file is being opened in it as the message closes.
+        large = new_picture(temporary("large.png"), 6000, 5000)
+        window.focus()
+        open_from_dialog(studio, bad)
+        message = message_about(studio, bad)
+        with Studio(large) as second:  # which hands the file over
+            second.program.ended()
+        message.focus()
+        desktop.press_keys("Return")
+        studio.window("^large.png")
+        assert len(studio.program.windows()) == 2
         studio.assert_silent()
 
 
