@@ -22,8 +22,7 @@ gboolean onDrop(GtkDropTarget*, const GValue* dropped, double, double, gpointer 
 
 }  // namespace
 
-// Before the widgets: the control tells of one file, and of that only when it is not busy; a text field would
-// take the names.
+// Before the widgets: the control tells of the first file only, and a text field would take the names.
 void openDroppedFiles(StudioWindow& window) {
     GtkDropTarget* target = gtk_drop_target_new(GDK_TYPE_FILE_LIST, GDK_ACTION_COPY);
     gtk_event_controller_set_propagation_phase(GTK_EVENT_CONTROLLER(target), GTK_PHASE_CAPTURE);
