@@ -315,7 +315,7 @@ def recent_files():
         desktop.press_keys("ctrl+q")
         studio.program.ended()
     with Studio() as studio:
-        studio.window("^Orvane Studio$")
+        Canvas(studio.window("^Orvane Studio$")).move((0, 0))  # in the menu the pointer would choose too
         desktop.press_keys("alt+f")
         time.sleep(0.3)
         desktop.press_keys("r")
