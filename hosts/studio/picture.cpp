@@ -1,6 +1,7 @@
 #include "studio/picture.h"
 
 #include <string_view>
+#include <utility>
 
 namespace orvane::studio {
 
@@ -122,6 +123,24 @@ void StudioPicture::onDone(GObject* source, GAsyncResult* result, gpointer data)
     if (!*run->alive) return;
     const auto ended = run->picture->runEnded_;  // which may close the window
     if (ended) ended();
+}
+
+void StudioPicture::paste() {
+    if (isBusy()) return;
+    const auto alive = alive_;
+    title_ = "Pasting";
+    pasting_ = true;
+    tellChange();
+    orvane_vistrel_paste(control());
+    if (!*alive) return;
+    pasting_ = false;
+    tellChange();
+    if (const auto next = std::exchange(afterPaste_, {})) next();
+}
+
+void StudioPicture::afterPaste(std::function<void()> function) {
+    if (!pasting_) return function();
+    afterPaste_ = std::move(function);
 }
 
 void StudioPicture::onNotify(StudioPicture* self, GParamSpec* property) {

@@ -27,7 +27,9 @@ class StudioPicture {
     [[nodiscard]] GtkWidget* widget() const { return GTK_WIDGET(control_.get()); }
     [[nodiscard]] bool isEmpty() const { return orvane_vistrel_get_is_empty(control()) != FALSE; }
     /// Whether anything runs for this picture, in its control or beside it.
-    [[nodiscard]] bool isBusy() const { return running_ || orvane_vistrel_get_busy(control()) != FALSE; }
+    [[nodiscard]] bool isBusy() const {
+        return running_ || pasting_ || orvane_vistrel_get_busy(control()) != FALSE;
+    }
     /// Whether the file lacks something that is seen: a change, or what is placed and not drawn yet.
     [[nodiscard]] bool isUnsaved() const;
     [[nodiscard]] bool canUndo() const { return orvane_vistrel_get_undo_enable(control()) != FALSE; }
@@ -57,7 +59,12 @@ class StudioPicture {
     /// The same with a control of its own, which nobody sees and which goes at the end. This one stays as it
     /// is.
     bool runAside(const char* member, GVariant* arguments, const char* title, Done done);
-    /// Whether a method runs whose end has not been told yet.
+    /// Places the clipboard's picture. The main loop runs inside while another program's clipboard is waited
+    /// for, and whoever closes the window then ends the wait.
+    void paste();
+    /// Calls the function now, or when a paste that waits has ended. Of several the last is called.
+    void afterPaste(std::function<void()> function);
+    /// Whether a method of runSlow or runAside runs whose end has not been told yet.
     [[nodiscard]] bool isRunning() const { return running_; }
     /// What is being done; null when nothing is.
     [[nodiscard]] const char* runningTitle() const { return isBusy() ? title_.c_str() : nullptr; }
@@ -78,8 +85,8 @@ class StudioPicture {
     std::string path_, title_;
     guint64 inFile_ = 0;  ///< the picture that the file has, by its serial: undo may lead back to it
     PreviewRecord preview_;
-    std::function<void()> changed_, runEnded_;
-    bool hasWrittenFile_ = false, running_ = false;
+    std::function<void()> changed_, runEnded_, afterPaste_;
+    bool hasWrittenFile_ = false, running_ = false, pasting_ = false;
     std::shared_ptr<bool> alive_;  ///< false for the ends of runs that come too late
 };
 

@@ -18,7 +18,7 @@ void undo(StudioWindow& window) { window.picture().undo(); }
 void redo(StudioWindow& window) { window.picture().redo(); }
 void cut(StudioWindow& window) { redrawAfter(window.control(), orvane_vistrel_cut); }
 void copy(StudioWindow& window) { orvane_vistrel_copy(window.control()); }
-void paste(StudioWindow& window) { orvane_vistrel_paste(window.control()); }
+void paste(StudioWindow& window) { window.picture().paste(); }
 
 void selectAll(StudioWindow& window) { redrawAfter(window.control(), orvane_vistrel_select_all); }
 

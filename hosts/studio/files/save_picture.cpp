@@ -206,13 +206,18 @@ class SaveDialog {
     std::string path_;
 };
 
-}  // namespace
-
-void save(StudioWindow& window, Saved saved) {
+void saveIdle(StudioWindow& window, const Saved& saved) {
     const PictureFormat* format = formatOfName(window.picture().path());
-    if (format == nullptr) return saveAs(window, std::move(saved));
+    if (format == nullptr) return saveAs(window, saved);
     guardPages(window, {[&window, format, saved] { write(window, window.picture().path(), *format, saved); },
                         [&window, saved] { saveAs(window, saved); }});
+}
+
+}  // namespace
+
+// Who closes a window that waits for the clipboard may have asked for it.
+void save(StudioWindow& window, Saved saved) {
+    window.picture().afterPaste([&window, saved = std::move(saved)] { saveIdle(window, saved); });
 }
 
 void saveAs(StudioWindow& window, Saved saved) { SaveDialog::show(window, std::move(saved)); }

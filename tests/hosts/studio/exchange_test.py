@@ -1,5 +1,10 @@
 """Copy and paste between two Studios, and within one."""
 
+import signal
+import sys
+import time
+from pathlib import Path
+
 import desktop
 from studio import Canvas, Studio, difference, new_picture, pixels, run_tests, temporary, wait_changed
 
@@ -90,8 +95,75 @@ def two_windows():
     between(Studio, open_too)
 
 
+class SilentOwner:
+    """Another program with a picture on the clipboard, which answers only while it is let."""
+
+    def __init__(self, picture):
+        self.program = desktop.Program(sys.executable, "-B", str(Path(__file__).with_name("clipboard_owner.py")), picture)
+
+    def __enter__(self):
+        desktop.wait_until(lambda: "offered" in self.program.complaints(), "the clipboard's new owner")
+        return self
+
+    def __exit__(self, *_):
+        self.program.stop()
+
+    def be_silent(self):
+        self.program.process.send_signal(signal.SIGSTOP)
+
+    def answer(self):
+        self.program.process.send_signal(signal.SIGCONT)
+
+
+def can(window, button):
+    return desktop.is_sensitive(window.find("push button", button))
+
+
+def paste_from(owner, window):
+    """Gives the command to an owner that does not answer."""
+    window.focus()
+    desktop.press_keys("m")
+    desktop.wait_until(lambda: can(window, "Paste"), "something to paste")
+    owner.be_silent()
+    desktop.press_keys("ctrl+v")
+    desktop.wait_until(lambda: not can(window, "Save"), "the wait for the clipboard")
+
+
+def wait_for_a_silent_owner():
+    stamp, picture = new_picture(temporary("offered.png"), 60, 40), new_picture(temporary("waiting.png"))
+    before = pixels(picture)
+    with SilentOwner(str(stamp)) as owner, Studio(picture) as studio:
+        window = studio.window("waiting.png")
+        paste_from(owner, window)
+        desktop.press_keys("ctrl+Right", "ctrl+s")
+        desktop.wait_until(lambda: window.all("progress bar"), "the progress")
+        assert len(studio.program.windows()) == 1, "nothing is done, and nothing has failed"
+        owner.answer()
+        desktop.wait_until(lambda: can(window, "Save"), "the paste's end")
+        desktop.press_keys("Return")
+        wait_changed(window)
+
+        # Who closes the window is asked at once; saving follows when the clipboard has had its time.
+        paste_from(owner, window)
+        desktop.press_keys("ctrl+w")
+        studio.window("Unsaved changes").click("label", "Save")
+        assert studio.program.ended() == 0
+        assert 60 * 40 // 2 < difference(pixels(picture), before) <= 60 * 40
+        studio.assert_silent()
+        owner.answer()
+
+    with SilentOwner(str(stamp)) as owner, Studio(picture) as studio:
+        paste_from(owner, studio.window("waiting.png"))
+        begin = time.monotonic()
+        desktop.press_keys("ctrl+w")
+        assert studio.program.ended() == 0
+        assert time.monotonic() - begin < 2, "closing ends the wait"
+        studio.assert_silent()
+
+
 if __name__ == "__main__":
     run_tests(
         two_windows,
         two_programs,
+        wait_for_a_silent_owner,
     )
