@@ -65,6 +65,20 @@ void callSoon(StudioWindow& studio, std::function<void()> function) {
     g_idle_add_full(G_PRIORITY_HIGH, run, call, drop);
 }
 
+/// The dialog that has to be answered before anything else in the window; null when there is none.
+GtkWindow* openDialog(GtkWindow* window) {
+    GtkWindow* found = nullptr;
+    GList* members = gtk_window_group_list_windows(gtk_window_get_group(window));
+    for (const GList* each = members; each != nullptr; each = each->next) {
+        auto* member = GTK_WINDOW(each->data);
+        const bool waits = gtk_window_get_modal(member) && gtk_widget_get_visible(GTK_WIDGET(member));
+        // A dialog's own dialog is the one to answer first.
+        if (waits && (found == nullptr || gtk_window_get_transient_for(member) == found)) found = member;
+    }
+    g_list_free(members);
+    return found;
+}
+
 bool opensDialog(const Command& command) { return std::string_view(command.label).ends_with("…"); }
 
 GtkWidget* newIconButton(const char* icon, const char* action, const char* name) {
@@ -90,6 +104,9 @@ StudioWindow* StudioWindow::of(GtkWindow* window) {
 
 StudioWindow::StudioWindow(GtkApplication* application)
     : window_(gtk_application_window_new(application)), status_(picture_) {
+    // A dialog keeps the windows of its group waiting, and comes into that of its parent.
+    const ObjectRef<GtkWindowGroup> group(gtk_window_group_new());
+    gtk_window_group_add_window(group.get(), window());
     build();
     installCommands();
     addWindowKeys(window_);
@@ -270,9 +287,15 @@ void StudioWindow::stopListening() {
     g_signal_handlers_disconnect_by_data(control(), this);
 }
 
-// A picture that is being saved is not saved yet, and one that is being changed not asked about.
+// A picture that is being saved is not saved yet, and one that is being changed not asked about: neither
+// while a method runs nor while a dialog may still take its preview back.
 bool StudioWindow::mayClose() {
-    if (closing_ || picture_.isEmpty()) return true;
+    if (closing_) return true;
+    if (GtkWindow* dialog = openDialog(window())) {
+        gtk_window_present(dialog);
+        return false;
+    }
+    if (picture_.isEmpty()) return true;
     closesAfterRun_ = picture_.isRunning();
     if (closesAfterRun_) return false;
     if (!picture_.isUnsaved()) return true;

@@ -266,8 +266,27 @@ def new_and_two_windows():
         second = studio.window("^Untitled")
         assert "1280 × 800" in second.texts()
         assert "400 × 300" in first.texts()
-        desktop.press_keys("ctrl+w")
+
+        # One window's dialog keeps that window waiting, and no other.
+        first.focus()
+        desktop.press_keys("alt+r")
+        time.sleep(0.3)  # the menu opens with a movement
+        desktop.press_keys("b", "g")
+        dialog = studio.window("Gaussian Blur")
+        wait_changed(first)  # the preview
+        second.focus()
+        change(second)
+        desktop.press_keys("ctrl+z")
+        wait_changed(second, False)
+
+        # A window with a dialog stays when all are to close, and does not ask about a preview.
+        desktop.press_keys("ctrl+q")
         gone(studio, "Untitled – Orvane Studio")
+        time.sleep(0.3)
+        assert len(studio.program.windows()) == 2, [w.get_name() for w in studio.program.windows()]
+        dialog.click("push button", "Cancel")
+        gone(studio, "Gaussian Blur")
+        wait_changed(first, False)
         first.focus()
         change(first)
         studio.assert_silent()
