@@ -9,7 +9,7 @@
 
 #include <gtk/gtk.h>
 
-#include "application.h"
+#include "studio/application.h"
 #include "control/paint_mode.h"
 #include "gtk/frame_log.h"
 #include "gtk/orvane-gtk.h"
@@ -17,7 +17,7 @@
 #include "gtk/pointer.h"
 #include "gtk/screen_pixels.h"
 #include "support/photograph.h"
-#include "window.h"
+#include "studio/window.h"
 
 namespace {
 
