@@ -9,15 +9,15 @@
 
 #include <gtk/gtk.h>
 
-#include "studio/application.h"
 #include "control/paint_mode.h"
 #include "gtk/frame_log.h"
 #include "gtk/orvane-gtk.h"
 #include "gtk/plain_picture.h"
 #include "gtk/pointer.h"
 #include "gtk/screen_pixels.h"
-#include "support/photograph.h"
+#include "studio/application.h"
 #include "studio/window.h"
+#include "support/photograph.h"
 
 namespace {
 

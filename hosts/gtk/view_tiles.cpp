@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace orvane::gtk {
 namespace {
@@ -26,6 +27,7 @@ bool holds(cairo_surface_t* surface, PixelView picture, IntRect area) {
 }
 
 void copyInto(cairo_surface_t* surface, PixelView picture, IntRect area) {
+    cairo_surface_flush(surface);  // who has recorded it keeps what it was
     for (int y = 0; y < area.height; ++y)
         std::memcpy(rowOf(surface, y), picture.row(area.y + y) + area.x, rowBytes(area));
     cairo_surface_mark_dirty(surface);
@@ -88,18 +90,22 @@ void ViewTiles::layOut(IntSize size) {
         for (int x = 0; x < size.width; x += kTileSize) {
             const int width = std::min(kTileSize, size.width - x),
                       height = std::min(kTileSize, size.height - y);
-            tiles_.push_back({{x, y, width, height}, nullptr, nullptr});
+            tiles_.push_back({{x, y, width, height}, nullptr, nullptr, nullptr});
         }
     }
     size_ = size;
 }
 
-// The renderer may still hold the last node and its pixels, so that new ones take new memory.
+// The renderer holds the last node and its pixels until it has drawn the next, so that two surfaces take
+// turns.
 void ViewTiles::renew(Tile& tile, PixelView picture) const {
     const IntRect area = tile.area;
-    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, area.width, area.height);
-    if (cairo_surface_status(surface) != CAIRO_STATUS_SUCCESS) return;  // the last pixels stay
-    tile.pixels.reset(surface);
+    const bool isFree = tile.before != nullptr && cairo_surface_get_reference_count(tile.before.get()) == 1;
+    if (!isFree) tile.before.reset(cairo_image_surface_create(CAIRO_FORMAT_RGB24, area.width, area.height));
+    cairo_surface_t* surface = tile.before.get();
+    if (cairo_surface_status(surface) != CAIRO_STATUS_SUCCESS)
+        return tile.before.reset();  // the last pixels stay
+    std::swap(tile.pixels, tile.before);
     copyInto(surface, picture, area);
     const auto units = [this](int pixels) { return float(pixels) / float(scale_); };
     const graphene_rect_t place =

@@ -31,12 +31,14 @@ class ViewTiles {
     struct FreeSurface {
         void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
     };
+    using Surface = std::unique_ptr<cairo_surface_t, FreeSurface>;
     struct FreeNode {
         void operator()(GskRenderNode* node) const { gsk_render_node_unref(node); }
     };
     struct Tile {
         IntRect area;
-        std::unique_ptr<cairo_surface_t, FreeSurface> pixels;
+        Surface pixels;
+        Surface before;  ///< what the tile showed before these, to be written anew
         std::unique_ptr<GskRenderNode, FreeNode> node;
     };
 
