@@ -9,6 +9,7 @@
 #include "studio/files/recent_files.h"
 #include "studio/support/answers.h"
 #include "studio/support/message.h"
+#include "studio/support/question.h"
 #include "studio/window.h"
 
 namespace orvane::studio {
@@ -170,18 +171,11 @@ class SaveDialog {
 
     void askToOverwrite() {
         const std::unique_ptr<char, FreeText> name(g_filename_display_basename(path_.c_str()));
-        GtkWidget* question = gtk_message_dialog_new(
-            GTK_WINDOW(chooser_), GtkDialogFlags(GTK_DIALOG_MODAL | GTK_DIALOG_DESTROY_WITH_PARENT),
-            GTK_MESSAGE_QUESTION, GTK_BUTTONS_CANCEL, "Replace “%s”?", name.get());
-        gtk_message_dialog_format_secondary_text(GTK_MESSAGE_DIALOG(question),
-                                                 "There is a file of that name already.");
-        gtk_window_set_title(GTK_WINDOW(question), "Replace file");
-        gtk_dialog_add_button(GTK_DIALOG(question), "_Replace", GTK_RESPONSE_ACCEPT);
-        gtk_widget_add_css_class(
-            gtk_dialog_get_widget_for_response(GTK_DIALOG(question), GTK_RESPONSE_ACCEPT),
-            "destructive-action");
-        nameByLabels(GTK_DIALOG(question), {GTK_RESPONSE_CANCEL, GTK_RESPONSE_ACCEPT});
-        whenAnswered(GTK_DIALOG(question), [this](int response) {
+        GtkDialog* question = newQuestion(
+            GTK_WINDOW(chooser_), "Replace file", std::string("Replace “") + name.get() + "”?",
+            "There is a file of that name already.",
+            {{"_Cancel", GTK_RESPONSE_CANCEL}, {"_Replace", GTK_RESPONSE_ACCEPT, Choice::Kind::Destructive}});
+        whenAnswered(question, [this](int response) {
             if (response == GTK_RESPONSE_ACCEPT) finish();
         });
         gtk_window_present(GTK_WINDOW(question));
