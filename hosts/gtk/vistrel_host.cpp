@@ -270,9 +270,11 @@ void VistrelHost::settle() noexcept {
     if (isBusy()) return;  // a handler has started a slow call; its end settles
     window_.apply();
     notePicture();
+    // All is asked before anything is told: a handler may start a slow call.
+    const bool pending = control_.holdsResult();
+    const bool isNews = std::exchange(pending_, pending) != pending;
     watch_.update(control_, G_OBJECT(widget_), class_.properties);
-    if (std::exchange(pending_, control_.holdsResult()) != pending_)
-        g_object_notify_by_pspec(G_OBJECT(widget_), class_.pending);
+    if (isNews) g_object_notify_by_pspec(G_OBJECT(widget_), class_.pending);
 }
 
 void VistrelHost::settleSoon() noexcept {
